@@ -1,0 +1,73 @@
+// Spending and passing on nectar: buying units, reshaping terrain, sending nectar.
+#include "engine/game_tables.h"
+#include "engine/rules.h"
+#include "model/field_addressing.h"
+
+namespace trelvin {
+
+void ApplyBuy(RuleContext& ctx) {
+    WorldState& w = ctx.world;
+    const ReplayEvent& e = ctx.event();
+    const std::int64_t price = std::int64_t{e.amount} * UnitPrice(e.armyType);
+    ctx.step([&] {
+        Player& owner = ctx.ownerOf(e.place);
+        owner.nectar = checked32(owner.nectar - price);
+    });
+    ctx.step([&] {
+        w.actionText = "Nakup " + num(e.amount) + " jednotek typu " + e.armyType + " na " + e.place +
+                       ". Cena " + num(price) + "ml nektaru.";
+    });
+    ctx.step([&] {
+        Tile& field = ctx.tile(e.place);
+        field.armyCount = checked16(field.armyCount + std::int64_t{e.amount});
+    });
+    ctx.step([&] { ctx.tile(e.place).armyType = e.armyType; });
+    ctx.step([&] {
+        Player& owner = ctx.ownerOf(e.place);
+        owner.moves = checked16(owner.moves - std::int64_t{1});
+    });
+    ctx.step([&] { w.actionText += std::string(kLineBreak) + "Akce stala 1 tah."; });
+}
+
+void ApplyConvertGround(RuleContext& ctx) {
+    WorldState& w = ctx.world;
+    const ReplayEvent& e = ctx.event();
+    const std::int16_t newYield = TerrainYield(e.target);
+    ctx.step([&] { w.actionText = "Pretvoreni zeme na " + e.place + " na " + e.target; });
+    Tile* field = nullptr;
+    Player* owner = nullptr;
+    ctx.step([&] {
+        field = &ctx.tile(e.place);
+        owner = &ctx.player(field->owner);
+    });
+    ctx.step([&] {
+        owner->nectarPerHour =
+            checked16(owner->nectarPerHour - std::int64_t{TerrainYield(field->terrain)});
+    });
+    ctx.step([&] { owner->nectarPerHour = checked16(owner->nectarPerHour + std::int64_t{newYield}); });
+    ctx.step([&] { owner->moves = checked16(owner->moves - std::int64_t{1}); });
+    ctx.step([&] {
+        owner->nectar = checked32(owner->nectar - std::int64_t{checked16(newYield * 3)});
+    });
+    ctx.step([&] { field->terrain = e.target; });
+    ctx.step([&] {
+        w.actionText += std::string(kLineBreak) + "Akce stala 1 tah a " +
+                        num(checked16(newYield * 3)) + "ml nektaru.";
+    });
+}
+
+void ApplyTrade(RuleContext& ctx) {
+    WorldState& w = ctx.world;
+    const ReplayEvent& e = ctx.event();
+    ctx.step([&] { w.actionText = "Poslani surovin:" + e.place + " -> " + e.target; });
+    ctx.step([&] {
+        Player& sender = ctx.player(e.place);
+        sender.nectar = checked32(sender.nectar - std::int64_t{e.amount});
+    });
+    ctx.step([&] {
+        Player& receiver = ctx.player(e.target);
+        receiver.nectar = checked32(receiver.nectar + std::int64_t{e.amount});
+    });
+}
+
+}  // namespace trelvin

@@ -1,0 +1,108 @@
+#include "model/number_reading.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "model/checked_math.h"
+
+namespace trelvin {
+
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t skipDigits(std::string_view text, std::size_t pos) {
+    while (pos < text.size() && isDigit(text[pos])) ++pos;
+    return pos;
+}
+
+std::string_view trimBlanks(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+[[noreturn]] void throwTypeMismatch(std::string_view text) {
+    throw RuleError(RuleError::Kind::TypeMismatch,
+                    "Nespravny typ: '" + std::string(text) + "' neni cislo");
+}
+
+}  // namespace
+
+std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
+    std::size_t pos = 0;
+    bool negative = false;
+    if (pos < text.size() && (text[pos] == '+' || text[pos] == '-')) {
+        negative = text[pos] == '-';
+        ++pos;
+    }
+    const std::size_t mantissaStart = pos;
+    const std::size_t intEnd = skipDigits(text, pos);
+    const bool hasIntDigits = intEnd > mantissaStart;
+    pos = intEnd;
+    bool hasFractionDigits = false;
+    if (pos < text.size() && text[pos] == '.') {
+        const std::size_t fractionEnd = skipDigits(text, pos + 1);
+        hasFractionDigits = fractionEnd > pos + 1;
+        if (hasIntDigits || hasFractionDigits) pos = fractionEnd;
+    }
+    if (!hasIntDigits && !hasFractionDigits) return std::nullopt;
+    if (pos < text.size() && (text[pos] == 'e' || text[pos] == 'E')) {
+        std::size_t expPos = pos + 1;
+        if (expPos < text.size() && (text[expPos] == '+' || text[expPos] == '-')) ++expPos;
+        const std::size_t expEnd = skipDigits(text, expPos);
+        if (expEnd > expPos) pos = expEnd;
+    }
+
+    // from_chars takes no "+" and needs a digit before ".": give it a normalised copy.
+    std::string digits(text.substr(mantissaStart, pos - mantissaStart));
+    if (!digits.empty() && digits.front() == '.') digits.insert(digits.begin(), '0');
+    double value = 0.0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too large reads as infinite, too small as zero.
+        const bool huge = digits.find_first_of("eE") == std::string::npos ||
+                          digits[digits.find_first_of("eE") + 1] != '-';
+        value = huge ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return NumberPrefix{pos, negative ? -value : value};
+}
+
+std::optional<double> readStrictDouble(std::string_view text) {
+    const std::string_view trimmed = trimBlanks(text);
+    const auto prefix = readNumberPrefix(trimmed);
+    if (!prefix || prefix->length != trimmed.size()) return std::nullopt;
+    return prefix->value;
+}
+
+std::uint8_t readWholeByte(std::string_view text) {
+    const auto value = readStrictDouble(text);
+    if (!value) throwTypeMismatch(text);
+    const double rounded = roundHalfEven(*value);
+    if (!(rounded >= 0.0 && rounded <= 255.0)) throwOverflow();
+    return static_cast<std::uint8_t>(rounded);
+}
+
+std::int16_t readStrictNumber(std::string_view text) {
+    const auto value = readStrictDouble(text);
+    if (!value) throwTypeMismatch(text);
+    return roundTo16(*value);
+}
+
+std::int16_t readLeadingNumber(std::string_view text) {
+    const auto prefix = readNumberPrefix(text);
+    return prefix ? roundTo16(prefix->value) : 0;
+}
+
+double readLooseNumber(std::string_view text) {
+    std::string compact;
+    compact.reserve(text.size());
+    for (char c : text)
+        if (c != ' ' && c != '\t' && c != '\n') compact.push_back(c);
+    const auto prefix = readNumberPrefix(compact);
+    return prefix ? prefix->value : 0.0;
+}
+
+}  // namespace trelvin

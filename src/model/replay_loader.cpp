@@ -1,0 +1,354 @@
+#include "model/replay_loader.h"
+
+#include <cstdio>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "model/checked_math.h"
+#include "model/number_reading.h"
+#include "model/text_encoding.h"
+
+namespace trelvin {
+
+namespace {
+
+constexpr std::string_view kLoadErrorPrefix = "Chyba pri nacitani replaye - ";
+constexpr int kMaxEvents = 32767;
+constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
+
+// A failure that stops the load; its text is the description after the prefix.
+struct LoadFailure {
+    std::string description;
+};
+
+std::string readWholeFile(const std::string& path) {
+    if (path.empty()) throw LoadFailure{"nebyl zvolen zadny soubor"};
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                          &std::fclose);
+    if (!file) throw LoadFailure{"soubor '" + path + "' nelze otevrit"};
+    std::string bytes;
+    char buffer[1 << 16];
+    std::size_t got;
+    while ((got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) bytes.append(buffer, got);
+    if (std::ferror(file.get())) throw LoadFailure{"soubor '" + path + "' nelze precist"};
+    return bytes;
+}
+
+// Hands out the file's lines; CR LF, CR alone and LF alone each end a line.
+class LineReader {
+public:
+    explicit LineReader(std::string_view text) : text_(text) {}
+
+    bool atEnd() const { return pos_ >= text_.size(); }
+    int lineNumber() const { return lineNumber_; }
+
+    std::string_view next() {
+        const std::size_t start = pos_;
+        const std::size_t end = text_.find_first_of("\r\n", start);
+        ++lineNumber_;
+        if (end == std::string_view::npos) {
+            pos_ = text_.size();
+            return text_.substr(start);
+        }
+        pos_ = end + 1;
+        if (text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
+        return text_.substr(start, end - start);
+    }
+
+private:
+    std::string_view text_;
+    std::size_t pos_ = 0;
+    int lineNumber_ = 0;
+};
+
+std::string_view trimSpaces(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> parts;
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t end = text.find(separator, start);
+        if (end == std::string_view::npos) {
+            parts.push_back(text.substr(start));
+            return parts;
+        }
+        parts.push_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+}
+
+// One piece of a time stamp: decimal digits, blanks around them allowed.
+std::optional<int> readTimePiece(std::string_view piece) {
+    piece = trimSpaces(piece);
+    if (piece.empty() || piece.size() > 9) return std::nullopt;
+    int value = 0;
+    for (char c : piece) {
+        if (c < '0' || c > '9') return std::nullopt;
+        value = value * 10 + (c - '0');
+    }
+    return value;
+}
+
+// "year-a-b-hour-minute-second": a is the day and b the month, or the other way round when
+// that is no valid date.
+DateTime readTimeStamp(std::string_view field) {
+    const std::vector<std::string_view> pieces = split(field, '-');
+    if (pieces.size() < 6)
+        throw LoadFailure{"casovy udaj '" + std::string(field) + "' nema sest casti"};
+    int values[6];
+    for (int i = 0; i < 6; ++i) {
+        const auto value = readTimePiece(pieces[i]);
+        if (!value) throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
+        values[i] = *value;
+    }
+    const auto [year, a, b, hour, minute, second] = values;
+    if (auto time = DateTime::fromParts(year, b, a, hour, minute, second)) return *time;
+    if (auto time = DateTime::fromParts(year, a, b, hour, minute, second)) return *time;
+    throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
+}
+
+// The first full hour strictly after `time`.
+DateTime nextFullHour(const DateTime& time) {
+    DateTime result = time;
+    if (result.second() > 0) result = result.plusSeconds(60 - result.second());
+    if (result.minute() > 0) result = result.plusSeconds(int64_t{60 - result.minute()} * 60);
+    if (result == time) result = result.plusHours(1);
+    return result;
+}
+
+class ReplayLoader {
+public:
+    ReplayLoader(WorldState& world) : world_(world) {}
+
+    void load(const std::string& path) {
+        world_.events.assign(1, ReplayEvent{});
+        world_.players.assign(1, Player{});
+
+        const std::string bytes = readWholeFile(path);
+        std::string_view text = bytes;
+        utf8_ = text.starts_with(kUtf8Bom);
+        if (utf8_) text.remove_prefix(kUtf8Bom.size());
+        utf8_ = utf8_ || looksLikeUtf8Text(text);
+
+        LineReader lines(text);
+        if (lines.atEnd()) throw LoadFailure{"soubor neobsahuje hlavicku"};
+        readHeader(decoded(lines.next()));
+        world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
+
+        while (!lines.atEnd()) {
+            lineNumber_ = lines.lineNumber() + 1;
+            const std::string line = decoded(lines.next());
+            const std::string_view trimmed = trimSpaces(line);
+            if (trimmed.empty()) continue;
+            readActionLine(trimmed);
+        }
+        lineNumber_ = 0;
+        if (lastEvent().action == "attack") {
+            ReplayEvent end;
+            end.time = lastEvent().time;
+            end.action = "end";
+            append(std::move(end));
+        }
+        world_.eventCount = static_cast<std::int16_t>(world_.lastEventIndex());
+        world_.loaded = true;
+    }
+
+    std::string describe(const std::string& description) const {
+        if (lineNumber_ == 0) return description;
+        return "radek " + std::to_string(lineNumber_) + ": " + description;
+    }
+
+private:
+    std::string decoded(std::string_view line) const {
+        return utf8_ ? utf8ToCp1250(line) : std::string(line);
+    }
+
+    void readHeader(std::string_view line) {
+        lineNumber_ = 1;
+        const std::vector<std::string_view> fields = split(line, ';');
+        if (fields.size() < 6)
+            throw LoadFailure{"hlavicka ma jen " + std::to_string(fields.size()) +
+                              " poli, ocekava se 6"};
+        world_.worldName = std::string(fields[1]);
+        world_.playerLimit = headerValue(fields[2], "pocet hracu");
+        world_.mapWidth = headerValue(fields[3], "pocet sloupcu");
+        world_.mapHeight = headerValue(fields[4], "pocet radku");
+        world_.speed = headerValue(fields[5], "rychlost");
+    }
+
+    static std::uint8_t headerValue(std::string_view field, const std::string& what) {
+        try {
+            return readWholeByte(field);
+        } catch (const RuleError& error) {
+            throw LoadFailure{what + ": " + error.what()};
+        }
+    }
+
+    void readActionLine(std::string_view line) {
+        std::vector<std::string_view> fields = split(line, ';');
+        for (std::size_t i = 1; i < fields.size(); ++i) fields[i] = trimSpaces(fields[i]);
+        const DateTime lineTime = readTimeStamp(fields[0]);
+
+        if (started_ && lineTime > holdEndTime_ && lastEvent().action != "end_hld_fire" &&
+            !holdEnded_)
+            holdEndDue_ = true;
+        insertImpliedEvents(fields, lineTime);
+
+        ReplayEvent event = buildEvent(fields, lineTime);
+        const std::string action = event.action;
+        append(std::move(event));
+        if (action == "start") {
+            started_ = true;
+            holdEndTime_ = lineTime.plusDays(1);
+        } else if (action == "create_hq") {
+            hqCount_ = checked16(int64_t{hqCount_} + 1);
+        }
+        if (started_) roundsDue_ = true;
+        if (hqCount_ == world_.playerLimit && !startInserted_) startDue_ = true;
+    }
+
+    void insertImpliedEvents(const std::vector<std::string_view>& fields, const DateTime& lineTime) {
+        while (true) {
+            if (startDue_) {
+                startDue_ = false;
+                startInserted_ = true;
+                started_ = true;
+                if (keyword(fields) != "start") {
+                    const DateTime time = lastEvent().time;
+                    append(impliedEvent("start", time));
+                    holdEndTime_ = time.plusDays(1);
+                }
+            } else if (roundsDue_) {
+                roundsDue_ = false;
+                if (lastEvent().action != "add_rounds" && world_.lastEventIndex() >= 2) {
+                    const DateTime t = nextFullHour(lastEvent().time);
+                    if (t <= lineTime) {
+                        const std::int64_t hours = lineTime.fullHour().hoursSince(t);
+                        ReplayEvent rounds = impliedEvent("add_rounds", t.plusHours(hours));
+                        rounds.amount = checked16(hours + 1);
+                        append(std::move(rounds));
+                    }
+                }
+            } else if (holdEndDue_) {
+                holdEndDue_ = false;
+                holdEnded_ = true;
+                append(impliedEvent("end_hld_fire", holdEndTime_));
+            } else {
+                return;
+            }
+        }
+    }
+
+    static std::string_view keyword(const std::vector<std::string_view>& fields) {
+        if (fields.size() < 2) throw LoadFailure{"radek nema klicove slovo akce"};
+        return fields[1];
+    }
+
+    static ReplayEvent impliedEvent(const char* action, const DateTime& time) {
+        ReplayEvent event;
+        event.time = time;
+        event.action = action;
+        return event;
+    }
+
+    static std::int16_t leading(std::string_view field) { return readLeadingNumber(field); }
+    static std::int16_t strict(std::string_view field) { return readStrictNumber(field); }
+
+    static ReplayEvent buildEvent(const std::vector<std::string_view>& fields,
+                                  const DateTime& lineTime) {
+        ReplayEvent event;
+        event.time = lineTime;
+        event.action = std::string(keyword(fields));
+        const std::string_view action = event.action;
+        const auto need = [&](std::size_t count) {
+            if (fields.size() < count)
+                throw LoadFailure{"akce '" + event.action + "' potrebuje " +
+                                  std::to_string(count) + " poli, radek jich ma " +
+                                  std::to_string(fields.size())};
+        };
+        const auto text = [&](std::size_t i) { return std::string(fields[i]); };
+
+        if (action == "create_world") {
+            need(3);
+            event.place = text(2);
+        } else if (action == "attack") {
+            need(7);
+            event.place = text(2);
+            event.target = text(3);
+            event.amount = leading(fields[4]);
+            event.success = leading(fields[5]) != 0;
+            event.survivors = leading(fields[6]);
+        } else if (action == "move" || action == "trade") {
+            need(5);
+            event.place = text(2);
+            event.target = text(3);
+            event.amount = strict(fields[4]);
+        } else if (action == "retreat") {
+            need(4);
+            event.place = text(2);
+            event.amount = strict(fields[3]);
+        } else if (action == "buy") {
+            need(5);
+            event.place = text(2);
+            event.armyType = text(3);
+            event.amount = leading(fields[4]);
+        } else if (action == "convert_gnd") {
+            need(4);
+            event.place = text(2);
+            event.target = text(3);
+        } else if (action == "create_hq") {
+            need(5);
+            event.playerName = text(2);
+            event.target = text(3);
+            event.place = text(4);
+        } else if (action == "end") {
+            need(3);
+            event.playerName = text(2);
+        }
+        return event;
+    }
+
+    const ReplayEvent& lastEvent() const { return world_.events.back(); }
+
+    void append(ReplayEvent event) {
+        if (world_.lastEventIndex() >= kMaxEvents)
+            throw LoadFailure{"replay ma vice nez " + std::to_string(kMaxEvents) + " udalosti"};
+        world_.events.push_back(std::move(event));
+    }
+
+    WorldState& world_;
+    bool utf8_ = false;
+    int lineNumber_ = 0;
+    bool started_ = false;
+    bool startInserted_ = false;
+    bool startDue_ = false;
+    bool roundsDue_ = false;
+    bool holdEndDue_ = false;
+    bool holdEnded_ = false;
+    std::int16_t hqCount_ = 0;
+    DateTime holdEndTime_;
+};
+
+}  // namespace
+
+void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter) {
+    ReplayLoader loader(world);
+    std::string description;
+    try {
+        loader.load(path);
+        return;
+    } catch (const LoadFailure& failure) {
+        description = loader.describe(failure.description);
+    } catch (const RuleError& error) {
+        description = loader.describe(error.what());
+    }
+    reporter.report(std::string(kLoadErrorPrefix) + description);
+}
+
+}  // namespace trelvin

@@ -1,0 +1,68 @@
+#pragma once
+// Everything known about the replayed world. Texts are Windows-1250 bytes.
+// Every table is used from index 1; entry 0 always exists, is never shown, and absorbs
+// updates made through a lookup that found nothing.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/date_time.h"
+
+namespace trelvin {
+
+struct ReplayEvent {
+    DateTime time;
+    std::string action;
+    std::string place;
+    std::string target;
+    std::int16_t amount = 0;
+    bool success = false;
+    std::int16_t survivors = 0;
+    std::string playerName;
+    std::string armyType;
+};
+
+struct Tile {
+    std::string terrain;
+    std::string owner;
+    std::string armyType;
+    std::int16_t armyCount = 0;
+    bool visible = false;
+};
+
+struct Player {
+    std::string name;
+    std::string side;
+    std::string hqField;
+    std::int16_t moves = 0;
+    std::int32_t nectar = 0;
+    std::int16_t nectarPerHour = 0;
+    std::uint8_t territory = 0;
+    bool playing = false;
+};
+
+struct WorldState {
+    std::vector<ReplayEvent> events = std::vector<ReplayEvent>(1);
+    std::int16_t eventCount = 0;
+    std::vector<Tile> tiles = std::vector<Tile>(1);
+    std::vector<Player> players = std::vector<Player>(1);
+
+    std::string worldName;
+    std::uint8_t playerLimit = 0;
+    std::uint8_t mapWidth = 0;
+    std::uint8_t mapHeight = 0;
+    std::uint8_t speed = 0;
+
+    bool loaded = false;
+    DateTime currentTime;
+    std::string actionText;
+
+    // Number of fields the map has: mapWidth x mapHeight.
+    int fieldCount() const { return int{mapWidth} * int{mapHeight}; }
+    // Index of the last entry of each table (entry 0 not counted as content).
+    int lastEventIndex() const { return static_cast<int>(events.size()) - 1; }
+    int lastTileIndex() const { return static_cast<int>(tiles.size()) - 1; }
+    int lastPlayerIndex() const { return static_cast<int>(players.size()) - 1; }
+};
+
+}  // namespace trelvin

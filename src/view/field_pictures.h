@@ -1,0 +1,35 @@
+#pragma once
+// What the map shows of each field in a way of viewing: the visibility of fields to a side,
+// and the choice of one of the 16 field pictures.
+#include <string_view>
+#include <vector>
+
+#include "model/world_state.h"
+#include "view/visibility.h"
+
+namespace trelvin {
+
+// The three ways of viewing, in the order of the option buttons.
+enum class ViewMode { AsLouka = 0, AsLes = 1, All = 2 };
+
+// Side whose sight a way of viewing shows: "louka", "les", or "" for everything.
+std::string_view ViewSide(ViewMode mode);
+
+// Picture indexes of the image list (1-based).
+namespace picture {
+inline constexpr int kHidden = 1;
+inline constexpr int kFreeLand = 2;
+inline constexpr int kHeadquarters = 15;
+inline constexpr int kUnconquerable = 16;
+inline constexpr int kCount = 16;
+}  // namespace picture
+
+// Picture of field k for the way of viewing, from the flags of the last UpdateVisibility.
+// May store "N" in the empty terrain of an owned, visible field, as the redraw does.
+// A field outside the table shows as hidden.
+int ChoosePicture(WorldState& world, int k, ViewMode mode);
+
+// The whole redraw: UpdateVisibility, then the pictures of fields 1 .. fieldCount.
+std::vector<int> RedrawPictures(WorldState& world, ViewMode mode, int fieldCount);
+
+}  // namespace trelvin

@@ -1,0 +1,138 @@
+// trelvin-dump: loads a replay with the viewer's loader, applies every event as stepping
+// forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests.
+#include <cstring>
+#include <iostream>
+#include <optional>
+#include <string>
+
+#include <nlohmann/json.hpp>
+
+#include "engine/event_executor.h"
+#include "model/replay_loader.h"
+#include "model/text_encoding.h"
+#include "view/field_pictures.h"
+
+namespace {
+
+using json = nlohmann::ordered_json;
+using namespace trelvin;
+
+struct Options {
+    bool tiles = false;
+    std::optional<ViewMode> view;
+    std::string path;
+};
+
+std::optional<ViewMode> parseView(const std::string& name) {
+    if (name == "all") return ViewMode::All;
+    if (name == "les") return ViewMode::AsLes;
+    if (name == "louka") return ViewMode::AsLouka;
+    return std::nullopt;
+}
+
+std::optional<Options> parseArguments(int argc, char** argv) {
+    Options options;
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        if (argument == "--tiles") {
+            options.tiles = true;
+        } else if (argument == "--view" && i + 1 < argc) {
+            options.view = parseView(argv[++i]);
+            if (!options.view) return std::nullopt;
+        } else if (argument.starts_with("--view=")) {
+            options.view = parseView(argument.substr(7));
+            if (!options.view) return std::nullopt;
+        } else if (argument.starts_with("-") || !options.path.empty()) {
+            return std::nullopt;
+        } else {
+            options.path = argument;
+        }
+    }
+    if (options.path.empty()) return std::nullopt;
+    return options;
+}
+
+std::string utf8(const std::string& cp1250) { return cp1250ToUtf8(cp1250); }
+
+json messagesOf(const RecordingReporter& reporter) {
+    json messages = json::array();
+    for (const std::string& text : reporter.texts) messages.push_back(utf8(text));
+    return messages;
+}
+
+json playersOf(const WorldState& world) {
+    json players = json::array();
+    for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
+        const Player& p = world.players[i];
+        players.push_back({{"name", utf8(p.name)},
+                           {"side", utf8(p.side)},
+                           {"hqField", utf8(p.hqField)},
+                           {"moves", p.moves},
+                           {"nectar", p.nectar},
+                           {"nectarPerHour", p.nectarPerHour},
+                           {"territory", p.territory},
+                           {"playing", p.playing}});
+    }
+    return players;
+}
+
+json tilesOf(const WorldState& world) {
+    json tiles = json::array();
+    const int count = std::min(world.fieldCount(), world.lastTileIndex());
+    for (int k = 1; k <= count; ++k) {
+        const Tile& t = world.tiles[k];
+        tiles.push_back({{"terrain", utf8(t.terrain)},
+                         {"owner", utf8(t.owner)},
+                         {"armyType", utf8(t.armyType)},
+                         {"armyCount", t.armyCount}});
+    }
+    return tiles;
+}
+
+void dump(const Options& options) {
+    WorldState world;
+    RecordingReporter loadReporter;
+    LoadReplay(world, options.path, loadReporter);
+    std::cout << json{{"load",
+                       {{"worldName", utf8(world.worldName)},
+                        {"playerLimit", world.playerLimit},
+                        {"mapWidth", world.mapWidth},
+                        {"mapHeight", world.mapHeight},
+                        {"speed", world.speed},
+                        {"eventCount", world.eventCount},
+                        {"eventsRead", world.lastEventIndex()},
+                        {"loaded", world.loaded},
+                        {"messages", messagesOf(loadReporter)}}}}
+                     .dump()
+              << '\n';
+
+    for (int i = 1; i <= world.eventCount; ++i) {
+        RecordingReporter reporter;
+        ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+        json line{{"index", i}};
+        if (i <= world.lastEventIndex()) {
+            line["time"] = world.events[i].time.iso();
+            line["action"] = utf8(world.events[i].action);
+        }
+        line["actionText"] = utf8(world.actionText);
+        line["messages"] = messagesOf(reporter);
+        line["players"] = playersOf(world);
+        std::optional<std::vector<int>> pictures;
+        if (options.view && i > 1) pictures = RedrawPictures(world, *options.view, world.fieldCount());
+        if (options.tiles) line["tiles"] = tilesOf(world);
+        if (pictures) line["pictures"] = *pictures;
+        std::cout << line.dump() << '\n';
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const auto options = parseArguments(argc, argv);
+    if (!options) {
+        std::cerr << "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
+        return 2;
+    }
+    dump(*options);
+    return 0;
+}
