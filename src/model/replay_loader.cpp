@@ -1,6 +1,7 @@
 #include "model/replay_loader.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -27,12 +28,17 @@ std::string readWholeFile(const std::string& path) {
     if (path.empty()) throw LoadFailure{"nebyl zvolen zadny soubor"};
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                           &std::fclose);
-    if (!file) throw LoadFailure{"soubor '" + path + "' nelze otevrit"};
+    // Paths come from the system in UTF-8; messages are Windows-1250 like all core text.
+    const std::string shownPath = utf8ToCp1250(path);
+    if (!file) throw LoadFailure{"soubor '" + shownPath + "' nelze otevrit"};
     std::string bytes;
+    std::error_code sizeError;
+    const auto size = std::filesystem::file_size(path, sizeError);
+    if (!sizeError) bytes.reserve(size);
     char buffer[1 << 16];
     std::size_t got;
     while ((got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) bytes.append(buffer, got);
-    if (std::ferror(file.get())) throw LoadFailure{"soubor '" + path + "' nelze precist"};
+    if (std::ferror(file.get())) throw LoadFailure{"soubor '" + shownPath + "' nelze precist"};
     return bytes;
 }
 
@@ -124,14 +130,31 @@ DateTime nextFullHour(const DateTime& time) {
 
 class ReplayLoader {
 public:
-    ReplayLoader(WorldState& world) : world_(world) {}
+    explicit ReplayLoader(WorldState& world) : world_(world) {}
 
     void load(const std::string& path) {
+        resetTables();
+        const std::string bytes = readWholeFile(path);
+        loadText(bytes);
+    }
+
+    void loadBytes(std::string_view bytes) {
+        resetTables();
+        loadText(bytes);
+    }
+
+    std::string describe(const std::string& description) const {
+        if (lineNumber_ == 0) return description;
+        return "radek " + std::to_string(lineNumber_) + ": " + description;
+    }
+
+private:
+    void resetTables() {
         world_.events.assign(1, ReplayEvent{});
         world_.players.assign(1, Player{});
+    }
 
-        const std::string bytes = readWholeFile(path);
-        std::string_view text = bytes;
+    void loadText(std::string_view text) {
         utf8_ = text.starts_with(kUtf8Bom);
         if (utf8_) text.remove_prefix(kUtf8Bom.size());
         utf8_ = utf8_ || looksLikeUtf8Text(text);
@@ -159,12 +182,6 @@ public:
         world_.loaded = true;
     }
 
-    std::string describe(const std::string& description) const {
-        if (lineNumber_ == 0) return description;
-        return "radek " + std::to_string(lineNumber_) + ": " + description;
-    }
-
-private:
     std::string decoded(std::string_view line) const {
         return utf8_ ? utf8ToCp1250(line) : std::string(line);
     }
@@ -337,11 +354,14 @@ private:
 
 }  // namespace
 
-void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter) {
+namespace {
+
+template <typename Load>
+void runLoad(WorldState& world, Reporter& reporter, Load&& load) {
     ReplayLoader loader(world);
     std::string description;
     try {
-        loader.load(path);
+        load(loader);
         return;
     } catch (const LoadFailure& failure) {
         description = loader.describe(failure.description);
@@ -349,6 +369,16 @@ void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter) 
         description = loader.describe(error.what());
     }
     reporter.report(std::string(kLoadErrorPrefix) + description);
+}
+
+}  // namespace
+
+void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter) {
+    runLoad(world, reporter, [&](ReplayLoader& loader) { loader.load(path); });
+}
+
+void LoadReplayFromBytes(WorldState& world, std::string_view bytes, Reporter& reporter) {
+    runLoad(world, reporter, [&](ReplayLoader& loader) { loader.loadBytes(bytes); });
 }
 
 }  // namespace trelvin

@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <string_view>
 
 #include "model/reporter.h"
 #include "model/world_state.h"
@@ -11,5 +12,8 @@ namespace trelvin {
 // "Chyba pri nacitani replaye - " + its description; the load then stops where it was, keeps
 // what it had filled, and leaves eventCount and loaded as they were.
 void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter);
+
+// The same for a file's contents already in memory.
+void LoadReplayFromBytes(WorldState& world, std::string_view bytes, Reporter& reporter);
 
 }  // namespace trelvin

@@ -44,7 +44,7 @@ int ChoosePicture(WorldState& world, int k, ViewMode mode) {
     if (tile.owner.empty()) return picture::kFreeLand;
 
     const Player& owner = world.players[PlayerIndex(world, tile.owner)];
-    if (tile.terrain.empty()) tile.terrain = "N";
+    if (tile.terrain.empty()) tile.terrain.assign(1, 'N');
     int result = terrainPicture(tile.terrain);
     if (result == 0) return picture::kFreeLand;
     if (owner.side == "louka") result += 6;
