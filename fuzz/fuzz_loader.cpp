@@ -1,0 +1,13 @@
+// Arbitrary bytes as a replay file.
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "model/replay_loader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    trelvin::WorldState world;
+    trelvin::RecordingReporter reporter;
+    trelvin::LoadReplayFromBytes(world, {reinterpret_cast<const char*>(data), size}, reporter);
+    return 0;
+}
