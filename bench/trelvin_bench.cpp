@@ -1,0 +1,96 @@
+// trelvin-bench: the costs that decide whether the viewer feels instant on the largest replay
+// it accepts. Prints one figure or ratio a line; each figure is the median of several runs.
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "engine/event_executor.h"
+#include "model/replay_loader.h"
+#include "replay_generator.h"
+#include "window_bench.h"
+
+namespace {
+
+using namespace trelvin;
+
+double medianMilliseconds(int runs, const std::function<void()>& body) {
+    std::vector<double> times;
+    for (int i = 0; i < runs; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        body();
+        const auto end = std::chrono::steady_clock::now();
+        times.push_back(std::chrono::duration<double, std::milli>(end - start).count());
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+// The floor a loader cannot beat: read the file and cut it into lines.
+std::size_t readAndSplit(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    std::vector<std::string_view> lines;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (bytes[i] == '\n') {
+            lines.emplace_back(bytes.data() + start, i - start);
+            start = i + 1;
+        }
+    }
+    return lines.size();
+}
+
+void print(const char* name, double value, const char* unit) {
+    std::printf("%-28s %10.3f %s\n", name, value, unit);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const int runs = argc > 1 ? std::max(1, std::atoi(argv[1])) : 9;
+    const std::string path =
+        (std::filesystem::temp_directory_path() / "trelvin-bench-replay.trp").string();
+    {
+        std::ofstream out(path, std::ios::binary);
+        out << GenerateReplay(GeneratorOptions{});
+    }
+
+    WorldState world;
+    RecordingReporter reporter;
+    LoadReplay(world, path, reporter);
+    std::printf("replay: %dx%d fields, %zu players, %d events, %zu messages\n", world.mapWidth,
+                world.mapHeight, static_cast<std::size_t>(12), world.eventCount,
+                reporter.texts.size());
+
+    std::size_t lineCount = 0;
+    const double floorMs = medianMilliseconds(runs, [&] { lineCount = readAndSplit(path); });
+    const double loadMs = medianMilliseconds(runs, [&] {
+        WorldState fresh;
+        LoadReplay(fresh, path, reporter);
+    });
+    print("read_and_split_ms", floorMs, "ms");
+    print("load_ms", loadMs, "ms");
+    print("load_over_floor", loadMs / floorMs, "x (target <= 3)");
+
+    const double reapplyMs = medianMilliseconds(runs, [&] {
+        for (int i = 1; i <= world.eventCount; ++i)
+            ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+    });
+    print("reapply_all_ms", reapplyMs, "ms (target < 16)");
+
+    RunWindowBenchmarks(path, runs, argc, argv);
+
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    print("peak_memory_mb", usage.ru_maxrss / 1024.0, "MB (target < 100)");
+    std::filesystem::remove(path);
+    return reporter.texts.empty() ? 0 : 1;
+}
