@@ -1,0 +1,7 @@
+foreach(suite model engine view)
+  file(GLOB ${suite}_test_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${suite}/*_test.cpp)
+endforeach()
+add_executable(core_tests ${model_test_sources} ${engine_test_sources} ${view_test_sources})
+target_include_directories(core_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(core_tests PRIVATE trelvin_core GTest::gtest_main)
+gtest_discover_tests(core_tests DISCOVERY_TIMEOUT 30)

@@ -1,0 +1,10 @@
+# Runs trelvin-dump on a sample and compares its output with the reviewed golden file.
+execute_process(COMMAND ${DUMP} ${ARGS} ${SAMPLE} OUTPUT_VARIABLE actual RESULT_VARIABLE status)
+if(NOT status EQUAL 0)
+  message(FATAL_ERROR "trelvin-dump exited with ${status}")
+endif()
+file(READ ${GOLDEN} expected)
+if(NOT actual STREQUAL expected)
+  file(WRITE ${GOLDEN}.actual "${actual}")
+  message(FATAL_ERROR "output differs from ${GOLDEN}; see ${GOLDEN}.actual")
+endif()

@@ -1,0 +1,9 @@
+set(samples ${PROJECT_SOURCE_DIR}/samples)
+set(golden ${CMAKE_CURRENT_SOURCE_DIR}/data)
+add_test(NAME dump_alfa COMMAND ${CMAKE_COMMAND} -DDUMP=$<TARGET_FILE:trelvin-dump> -DARGS=
+  -DSAMPLE=${samples}/alfa.trp -DGOLDEN=${golden}/alfa.jsonl -P ${CMAKE_CURRENT_SOURCE_DIR}/golden_dump.cmake)
+add_test(NAME dump_battle_tiles_les COMMAND ${CMAKE_COMMAND} -DDUMP=$<TARGET_FILE:trelvin-dump>
+  "-DARGS=--tiles;--view;les" -DSAMPLE=${samples}/bitva-u-potoka.trp
+  -DGOLDEN=${golden}/bitva-u-potoka.tiles-les.jsonl -P ${CMAKE_CURRENT_SOURCE_DIR}/golden_dump.cmake)
+add_test(NAME dump_usage COMMAND $<TARGET_FILE:trelvin-dump> --view sideways)
+set_tests_properties(dump_usage PROPERTIES WILL_FAIL TRUE)
