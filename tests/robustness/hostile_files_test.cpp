@@ -61,7 +61,8 @@ protected:
 TEST_F(HostileFiles, TruncatedAndMalformedFilesFailTheLoadWithOneMessage) {
     EXPECT_TRUE(isLoadFailure(loadThenRecover(write("empty.trp", ""))));
     EXPECT_TRUE(isLoadFailure(loadThenRecover(write("five.trp", "0;Alfa;2;3;2\r\n"))));
-    EXPECT_TRUE(isLoadFailure(loadThenRecover(write("nul.trp", std::string("0;A\0;2;3;2;3\r\n1\0", 18)))));
+    static constexpr char kNuls[] = "0;A\0;2;3;2;3\r\n1\0";
+    EXPECT_TRUE(isLoadFailure(loadThenRecover(write("nul.trp", std::string(kNuls, sizeof kNuls - 1)))));
     EXPECT_TRUE(isLoadFailure(loadThenRecover(write("old.trp", "0;A;0;2;2;3\r\n0099-01-01-00-00-00;fly\r\n"))));
     EXPECT_TRUE(isLoadFailure(loadThenRecover(write("late.trp", "0;A;0;2;2;3\r\n10000-01-01-00-00-00;fly\r\n"))));
     EXPECT_TRUE(isLoadFailure(loadThenRecover(dir_)));
