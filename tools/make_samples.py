@@ -65,7 +65,7 @@ BATTLE = """0;Bitva u potoka;4;8;6;3
 2004-07-04-21-00-00;buy;H5;Hovado;10
 2004-07-04-22-30-00;attack;H5;G4;9;1;8
 2004-07-05-08-00-00;retreat;G4;3
-2004-07-05-09-00-00;attack;B1;B2;6;1;5
+2004-07-05-09-00-00;attack;B1;B2;4;1;3
 2004-07-05-09-45-00;attack;A1;A2;2;0;0
 2004-07-05-10-30-00;buy;B2;Komár;15
 2004-07-05-11-15-00;attack;B2;C3;18;0;1
@@ -73,13 +73,16 @@ BATTLE = """0;Bitva u potoka;4;8;6;3
 """
 
 
+def day_first(text: str) -> str:
+    """Time stamps read year-day-month; the battle above is written year-month-day for people."""
+    return re.sub(r"^(\d{4})-(\d{2})-(\d{2})-", r"\1-\3-\2-", text, flags=re.M)
+
+
 def write(name: str, text: str) -> None:
-    # Time stamps are year-day-month; the lines above read year-month-day for people.
-    text = re.sub(r"^(\d{4})-(\d{2})-(\d{2})-", r"\1-\3-\2-", text, flags=re.M)
     (SAMPLES / name).write_bytes(text.replace("\n", "\r\n").encode("cp1250"))
 
 
 if __name__ == "__main__":
     SAMPLES.mkdir(exist_ok=True)
     write("alfa.trp", ALFA)
-    write("bitva-u-potoka.trp", BATTLE)
+    write("bitva-u-potoka.trp", day_first(BATTLE))
