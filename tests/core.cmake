@@ -1,7 +1,28 @@
-foreach(suite model engine view)
-  file(GLOB ${suite}_test_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${suite}/*_test.cpp)
-endforeach()
-add_executable(core_tests ${model_test_sources} ${engine_test_sources} ${view_test_sources})
-target_include_directories(core_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(core_tests PRIVATE trelvin_core GTest::gtest_main)
-gtest_discover_tests(core_tests DISCOVERY_TIMEOUT 30)
+# Tests of the core library, one executable per folder; test names carry the executable's name
+# so that `ctest -R 'model|engine|view_core'` picks exactly these.
+add_library(trelvin_test_support STATIC support/replay_files.cpp)
+target_include_directories(trelvin_test_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(trelvin_test_support PUBLIC trelvin_core GTest::gtest_main)
+
+function(trelvin_core_tests name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE trelvin_test_support)
+  gtest_discover_tests(${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 30 PROPERTIES TIMEOUT 120)
+endfunction()
+
+trelvin_core_tests(model_tests
+  model/value_reading_test.cpp
+  model/field_addressing_test.cpp
+  model/replay_loader_test.cpp
+  model/replay_load_failures_test.cpp
+)
+trelvin_core_tests(engine_tests
+  engine/game_tables_test.cpp
+  engine/executor_test.cpp
+  engine/combat_rules_test.cpp
+  engine/player_actions_test.cpp
+)
+trelvin_core_tests(view_core_tests
+  view/field_pictures_test.cpp
+  view/field_inspection_test.cpp
+)
