@@ -66,9 +66,8 @@ int main(int argc, char** argv) {
     WorldState world;
     RecordingReporter reporter;
     LoadReplay(world, path, reporter);
-    std::printf("replay: %dx%d fields, %zu players, %d events, %zu messages\n", world.mapWidth,
-                world.mapHeight, static_cast<std::size_t>(12), world.eventCount,
-                reporter.texts.size());
+    std::printf("replay: %dx%d fields, %d players, %d events, %zu messages\n", world.mapWidth,
+                world.mapHeight, GeneratorOptions{}.players, world.eventCount, reporter.texts.size());
 
     std::size_t lineCount = 0;
     const double floorMs = medianMilliseconds(runs, [&] { lineCount = readAndSplit(path); });

@@ -1,5 +1,6 @@
 #include "model/replay_loader.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -75,14 +76,15 @@ std::string_view trimSpaces(std::string_view text) {
     return text;
 }
 
-std::vector<std::string_view> split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
+// Splits into `parts`, reusing its storage: the loader splits every line.
+void split(std::string_view text, char separator, std::vector<std::string_view>& parts) {
+    parts.clear();
     std::size_t start = 0;
     while (true) {
         const std::size_t end = text.find(separator, start);
         if (end == std::string_view::npos) {
             parts.push_back(text.substr(start));
-            return parts;
+            return;
         }
         parts.push_back(text.substr(start, end - start));
         start = end + 1;
@@ -104,12 +106,16 @@ std::optional<int> readTimePiece(std::string_view piece) {
 // "year-a-b-hour-minute-second": a is the day and b the month, or the other way round when
 // that is no valid date.
 DateTime readTimeStamp(std::string_view field) {
-    const std::vector<std::string_view> pieces = split(field, '-');
-    if (pieces.size() < 6)
-        throw LoadFailure{"casovy udaj '" + std::string(field) + "' nema sest casti"};
     int values[6];
+    std::string_view rest = field;
     for (int i = 0; i < 6; ++i) {
-        const auto value = readTimePiece(pieces[i]);
+        if (i > 0) {
+            const std::size_t dash = rest.find('-');
+            if (dash == std::string_view::npos)
+                throw LoadFailure{"casovy udaj '" + std::string(field) + "' nema sest casti"};
+            rest.remove_prefix(dash + 1);
+        }
+        const auto value = readTimePiece(rest.substr(0, rest.find('-')));
         if (!value) throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
         values[i] = *value;
     }
@@ -162,12 +168,15 @@ private:
         LineReader lines(text);
         if (lines.atEnd()) throw LoadFailure{"soubor neobsahuje hlavicku"};
         readHeader(decoded(lines.next()));
+        // One event a line at most, plus the few the loader inserts: no regrowth on the way.
+        const auto lineBreaks = std::count(text.begin(), text.end(), '\n') +
+                                std::count(text.begin(), text.end(), '\r');
+        world_.events.reserve(static_cast<std::size_t>(std::min<std::int64_t>(lineBreaks, kMaxEvents)) + 8);
         world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
 
         while (!lines.atEnd()) {
             lineNumber_ = lines.lineNumber() + 1;
-            const std::string line = decoded(lines.next());
-            const std::string_view trimmed = trimSpaces(line);
+            const std::string_view trimmed = trimSpaces(decoded(lines.next()));
             if (trimmed.empty()) continue;
             readActionLine(trimmed);
         }
@@ -182,13 +191,17 @@ private:
         world_.loaded = true;
     }
 
-    std::string decoded(std::string_view line) const {
-        return utf8_ ? utf8ToCp1250(line) : std::string(line);
+    // The line as Windows-1250; valid until the next call.
+    std::string_view decoded(std::string_view line) {
+        if (!utf8_) return line;
+        decodedLine_ = utf8ToCp1250(line);
+        return decodedLine_;
     }
 
     void readHeader(std::string_view line) {
         lineNumber_ = 1;
-        const std::vector<std::string_view> fields = split(line, ';');
+        std::vector<std::string_view>& fields = fields_;
+        split(line, ';', fields);
         if (fields.size() < 6)
             throw LoadFailure{"hlavicka ma jen " + std::to_string(fields.size()) +
                               " poli, ocekava se 6"};
@@ -208,7 +221,8 @@ private:
     }
 
     void readActionLine(std::string_view line) {
-        std::vector<std::string_view> fields = split(line, ';');
+        std::vector<std::string_view>& fields = fields_;
+        split(line, ';', fields);
         for (std::size_t i = 1; i < fields.size(); ++i) fields[i] = trimSpaces(fields[i]);
         const DateTime lineTime = readTimeStamp(fields[0]);
 
@@ -218,12 +232,13 @@ private:
         insertImpliedEvents(fields, lineTime);
 
         ReplayEvent event = buildEvent(fields, lineTime);
-        const std::string action = event.action;
+        const bool isStart = event.action == "start";
+        const bool isHeadquarters = event.action == "create_hq";
         append(std::move(event));
-        if (action == "start") {
+        if (isStart) {
             started_ = true;
             holdEndTime_ = lineTime.plusDays(1);
-        } else if (action == "create_hq") {
+        } else if (isHeadquarters) {
             hqCount_ = checked16(int64_t{hqCount_} + 1);
         }
         if (started_) roundsDue_ = true;
@@ -341,6 +356,8 @@ private:
 
     WorldState& world_;
     bool utf8_ = false;
+    std::string decodedLine_;
+    std::vector<std::string_view> fields_;
     int lineNumber_ = 0;
     bool started_ = false;
     bool startInserted_ = false;

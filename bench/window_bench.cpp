@@ -1,0 +1,67 @@
+#include "window_bench.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+#include <QApplication>
+
+#include "shell/frm_main.h"
+#include "view/map_grid.h"
+
+namespace {
+
+class SilentMessages : public trelvin::MessageService {
+public:
+    void showMessage(const QString&) override { ++count; }
+    int count = 0;
+};
+
+class FixedFile : public trelvin::OpenFileService {
+public:
+    explicit FixedFile(QString path) : path_(std::move(path)) {}
+    std::optional<QString> chooseFile(const QString&) override { return path_; }
+
+private:
+    QString path_;
+};
+
+template <typename Body>
+double medianMilliseconds(int runs, Body&& body) {
+    std::vector<double> times;
+    for (int i = 0; i < runs; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        body();
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+}
+
+}  // namespace
+
+void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    QApplication application(argc, argv);
+    trelvin::WorldState world;
+    SilentMessages messages;
+    FixedFile file(QString::fromStdString(path));
+    frmMain window(world, {messages, file, {}});
+    window.show();
+
+    const double openMs = medianMilliseconds(runs, [&] {
+        window.mnuOtevritItem_Click();
+        QApplication::processEvents();
+    });
+    std::printf("%-28s %10.3f %s\n", "full_open_ms", openMs, "ms (target < 100)");
+
+    window.cmdEnd_Click();
+    const double redrawMs = medianMilliseconds(runs, [&] {
+        window.Zobraz();
+        window.grid->repaint();
+    });
+    std::printf("%-28s %10.3f %s\n", "redraw_ms", redrawMs, "ms (target < 16)");
+    std::printf("%-28s %10d\n", "window_messages", messages.count);
+}

@@ -1,0 +1,237 @@
+#include "shell/frm_main.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include "engine/event_executor.h"
+#include "playback/clock_face.h"
+#include "shell/twips.h"
+#include "view/map_grid.h"
+
+using trelvin::PlaceByTwips;
+using trelvin::TwipsToPixels;
+
+namespace {
+
+// The client area as designed, below the menu bar.
+constexpr int kDesignedClientWidth = 6630;
+constexpr int kDesignedClientHeight = 6375;
+
+QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    PlaceByTwips(button, left, top, width, 375);
+    button->setEnabled(false);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLabel* makeLabel(QWidget* parent, const char* caption, Qt::Alignment alignment, int left,
+                  int top, int width, int height) {
+    auto* label = new QLabel(QString::fromLatin1(caption), parent);
+    label->setAlignment(alignment | Qt::AlignTop);
+    PlaceByTwips(label, left, top, width, height);
+    return label;
+}
+
+QRadioButton* makeOption(QWidget* parent, const char* caption, int left, int top, int width,
+                         int height) {
+    auto* option = new QRadioButton(QString::fromLatin1(caption), parent);
+    PlaceByTwips(option, left, top, width, height);
+    return option;
+}
+
+QGroupBox* makeFrame(QWidget* parent, const char* caption, int left, int top, int width,
+                     int height) {
+    auto* frame = new QGroupBox(QString::fromLatin1(caption), parent);
+    PlaceByTwips(frame, left, top, width, height);
+    return frame;
+}
+
+// The designed fonts are Windows fonts; elsewhere take look-alikes of similar width, so the
+// captions fit their designed boxes.
+void substituteDesignedFonts() {
+    QFont::insertSubstitutions(QStringLiteral("MS Sans Serif"),
+                               {QStringLiteral("Microsoft Sans Serif"), QStringLiteral("Arial"),
+                                QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
+                                QStringLiteral("Helvetica")});
+    QFont::insertSubstitutions(QStringLiteral("Comic Sans MS"),
+                               {QStringLiteral("Comic Neue"), QStringLiteral("Comic Relief"),
+                                QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
+                                QStringLiteral("Nimbus Sans")});
+}
+
+}  // namespace
+
+// The pictures and the icon live in the library; make sure the linker keeps them.
+static void loadAssets() { Q_INIT_RESOURCE(assets); }
+
+frmMain::frmMain(trelvin::WorldState& world, trelvin::WindowServices services, QWidget* parent)
+    : QMainWindow(parent), world_(world), services_(std::move(services)),
+      reporter_(services_.messages) {
+    if (!services_.applyEvent) services_.applyEvent = &trelvin::ExecuteEvent;
+    loadAssets();
+    substituteDesignedFonts();
+    setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
+    setWindowIcon(QIcon(QStringLiteral(":/icon/trelvin.png")));
+    buildControls();
+    connectHandlers();
+    Form_Load();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::buildControls() {
+    mnuSoubor = menuBar()->addMenu(QStringLiteral("&Soubor"));
+    mnuOtevritItem = mnuSoubor->addAction(QStringLiteral("&Otevrit"));
+    mnuKonecItem = mnuSoubor->addAction(QStringLiteral("&Konec"));
+
+    auto* client = new QWidget(this);
+    setCentralWidget(client);
+    // The window's default dialog font, which the designed captions fit, and frames whose
+    // caption sits on their top line, so the contents keep their designed places.
+    client->setStyleSheet(QStringLiteral(
+        "QWidget { font-family: 'MS Sans Serif'; font-size: 8pt; }"
+        "QLabel#lblCas { font-family: 'Comic Sans MS'; font-size: 12pt; font-weight: bold; }"
+        "QGroupBox { border: 1px solid palette(mid); border-radius: 2px; margin-top: 7px; }"
+        "QGroupBox::title { subcontrol-origin: margin; left: 6px; padding: 0 2px; }"));
+
+    ov[0] = makeOption(client, "Ovladat po tazich", 240, 120, 2895, 255);
+    ov[1] = makeOption(client, "Slide-show", 3240, 120, 2895, 255);
+    ov[0]->setChecked(true);
+
+    cmdBegin = makeButton(client, "|<--", 720, 480, 735);
+    cmdBack = makeButton(client, "<----", 1440, 480, 1215);
+    cmdForw = makeButton(client, "---->", 3840, 480, 1215);
+    cmdEnd = makeButton(client, "-->|", 5040, 480, 735);
+
+    cmdSBegin = makeButton(client, "|<--", 600, 6000, 495);
+    cmdRZ = makeButton(client, "<----", 1200, 6000, 855);
+    cmdZ = makeButton(client, "<--", 2040, 6000, 855);
+    cmdS = makeButton(client, "II", 2880, 6000, 855);
+    cmdD = makeButton(client, "-->", 3720, 6000, 855);
+    cmdRD = makeButton(client, "---->", 4560, 6000, 855);
+    cmdSEnd = makeButton(client, "-->|", 5520, 6000, 495);
+    for (QPushButton* button : {cmdSBegin, cmdRZ, cmdZ, cmdS, cmdD, cmdRD, cmdSEnd})
+        button->setVisible(false);
+
+    lblTah = makeLabel(client, "0", Qt::AlignHCenter, 2760, 600, 975, 255);
+    pHod = new trelvin::ClockFace(client);
+    PlaceByTwips(pHod, 120, 960, 975, 975);
+    lblCas = makeLabel(client, "", Qt::AlignHCenter, 1200, 840, 5295, 375);
+    lblCas->setObjectName(QStringLiteral("lblCas"));
+    lbl = makeLabel(client, "", Qt::AlignHCenter, 1200, 1200, 5295, 855);
+    lbl->setWordWrap(true);
+    // Labels lie beneath the other controls: in slide-show mode the stop button covers lblTah.
+    for (QLabel* label : {lblTah, lblCas, lbl}) label->lower();
+
+    Frame2 = makeFrame(client, "Zpusob videni", 120, 2040, 6375, 615);
+    o[0] = makeOption(Frame2, "Jako louka", 120, 240, 1815, 255);
+    o[1] = makeOption(Frame2, "Jako les", 2400, 240, 1815, 255);
+    o[2] = makeOption(Frame2, "Videt vse", 4320, 240, 1815, 255);
+    o[2]->setChecked(true);
+
+    f = makeFrame(client, "Hraci", 120, 2640, 2895, 1575);
+    makeLabel(f, "Hrac", Qt::AlignLeft, 120, 240, 975, 255);
+    cmbHraci = new QComboBox(f);
+    cmbHraci->setEditable(true);
+    cmbHraci->setInsertPolicy(QComboBox::NoInsert);
+    cmbHraci->setEditText(QStringLiteral("Zvolte hrace"));
+    cmbHraci->setEnabled(false);
+    PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
+    makeLabel(f, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095, 255);
+    lblPocetTahu = makeLabel(f, "", Qt::AlignRight, 1440, 480, 1335, 255);
+    makeLabel(f, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215, 255);
+    lblMnozstviNektaru = makeLabel(f, "", Qt::AlignRight, 1440, 720, 1335, 255);
+    makeLabel(f, "Veleni", Qt::AlignLeft, 120, 960, 1335, 255);
+    lblVeleni = makeLabel(f, "", Qt::AlignRight, 1440, 960, 1335, 255);
+    makeLabel(f, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215, 255);
+    lblVelikostUzemi = makeLabel(f, "", Qt::AlignRight, 1320, 1200, 1455, 255);
+
+    Frame1 = makeFrame(client, "Info o policku", 120, 4320, 2895, 1575);
+    makeLabel(Frame1, "Policko", Qt::AlignLeft, 120, 240, 1215, 255);
+    txtPolicko = new QLineEdit(Frame1);
+    txtPolicko->setAlignment(Qt::AlignHCenter);
+    txtPolicko->setMaxLength(3);
+    txtPolicko->setEnabled(false);
+    PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
+    makeLabel(Frame1, "Typ", Qt::AlignLeft, 120, 480, 1215, 255);
+    lblPTyp = makeLabel(Frame1, "", Qt::AlignRight, 1560, 480, 1215, 255);
+    makeLabel(Frame1, "Vlastnik", Qt::AlignLeft, 120, 720, 1335, 255);
+    lblPVlastnik = makeLabel(Frame1, "", Qt::AlignRight, 1440, 720, 1335, 255);
+    makeLabel(Frame1, "Typ armady", Qt::AlignLeft, 120, 960, 1335, 255);
+    lblPTypArmady = makeLabel(Frame1, "", Qt::AlignRight, 1440, 960, 1335, 255);
+    makeLabel(Frame1, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335, 255);
+    lblPPArmady = makeLabel(Frame1, "", Qt::AlignRight, 1320, 1200, 1455, 255);
+
+    grid = new trelvin::MapGrid(client);
+    tSlide = new QTimer(this);
+
+    resize(TwipsToPixels(kDesignedClientWidth),
+           menuBar()->sizeHint().height() + TwipsToPixels(kDesignedClientHeight));
+}
+
+void frmMain::connectHandlers() {
+    connect(mnuOtevritItem, &QAction::triggered, this, &frmMain::mnuOtevritItem_Click);
+    connect(mnuKonecItem, &QAction::triggered, this, &frmMain::mnuKonecItem_Click);
+    for (int index = 0; index < 2; ++index)
+        connect(ov[index], &QRadioButton::clicked, this, [this, index] { ov_Click(index); });
+    for (int index = 0; index < 3; ++index)
+        connect(o[index], &QRadioButton::clicked, this, [this, index] { o_Click(index); });
+    connect(grid, &trelvin::MapGrid::clicked, this, &frmMain::m_Click);
+    connect(txtPolicko, &QLineEdit::textChanged, this, &frmMain::txtPolicko_Change);
+    connect(cmbHraci, &QComboBox::activated, this, &frmMain::cmbHraci_Click);
+    connect(cmbHraci->lineEdit(), &QLineEdit::textEdited, this, &frmMain::cmbHraci_Change);
+
+    connect(cmdBegin, &QPushButton::clicked, this, &frmMain::cmdBegin_Click);
+    connect(cmdBack, &QPushButton::clicked, this, &frmMain::cmdBack_Click);
+    connect(cmdForw, &QPushButton::clicked, this, &frmMain::cmdForw_Click);
+    connect(cmdEnd, &QPushButton::clicked, this, &frmMain::cmdEnd_Click);
+    connect(cmdSBegin, &QPushButton::clicked, this, &frmMain::cmdSBegin_Click);
+    connect(cmdRZ, &QPushButton::clicked, this, &frmMain::cmdRZ_Click);
+    connect(cmdZ, &QPushButton::clicked, this, &frmMain::cmdZ_Click);
+    connect(cmdS, &QPushButton::clicked, this, &frmMain::cmdS_Click);
+    connect(cmdD, &QPushButton::clicked, this, &frmMain::cmdD_Click);
+    connect(cmdRD, &QPushButton::clicked, this, &frmMain::cmdRD_Click);
+    connect(cmdSEnd, &QPushButton::clicked, this, &frmMain::cmdSEnd_Click);
+    connect(tSlide, &QTimer::timeout, this, &frmMain::onSlideTimerTick);
+}
+
+void frmMain::Form_Load() {
+    const int rowTop = cmdForw->y();
+    for (QPushButton* button : {cmdSBegin, cmdZ, cmdRZ, cmdS, cmdD, cmdRD, cmdSEnd})
+        button->move(button->x(), rowTop);
+    resize(width(), height() - cmdD->height());
+}
+
+void frmMain::mnuKonecItem_Click() { QApplication::quit(); }
+
+int frmMain::outerWidthTwips() const {
+    return trelvin::PixelsToTwips(frameGeometry().width());
+}
+
+void frmMain::applyEvent(std::int16_t index) { services_.applyEvent(world_, index, reporter_); }
+
+frmMain::StepGuard::StepGuard(frmMain& window) : window_(window) { ++window_.stepDepth_; }
+
+frmMain::StepGuard::~StepGuard() {
+    if (--window_.stepDepth_ > 0 || !window_.tickPending_) return;
+    window_.tickPending_ = false;
+    QTimer::singleShot(0, &window_, &frmMain::onSlideTimerTick);
+}
+
+void frmMain::onSlideTimerTick() {
+    if (!tSlide->isActive()) return;
+    if (stepDepth_ > 0) {
+        tickPending_ = true;
+        return;
+    }
+    tSlide_Timer();
+}
