@@ -53,10 +53,11 @@ public:
 
     std::string_view next() {
         const std::size_t start = pos_;
-        const std::size_t end = text_.find_first_of("\r\n", start);
+        std::size_t end = start;
+        while (end < text_.size() && text_[end] != '\n' && text_[end] != '\r') ++end;
         ++lineNumber_;
-        if (end == std::string_view::npos) {
-            pos_ = text_.size();
+        if (end == text_.size()) {
+            pos_ = end;
             return text_.substr(start);
         }
         pos_ = end + 1;
@@ -91,33 +92,30 @@ void split(std::string_view text, char separator, std::vector<std::string_view>&
     }
 }
 
-// One piece of a time stamp: decimal digits, blanks around them allowed.
-std::optional<int> readTimePiece(std::string_view piece) {
-    piece = trimSpaces(piece);
-    if (piece.empty() || piece.size() > 9) return std::nullopt;
-    int value = 0;
-    for (char c : piece) {
-        if (c < '0' || c > '9') return std::nullopt;
-        value = value * 10 + (c - '0');
-    }
-    return value;
-}
-
 // "year-a-b-hour-minute-second": a is the day and b the month, or the other way round when
-// that is no valid date.
+// that is no valid date. Each piece is decimal digits, blanks around it allowed; pieces after
+// the sixth are ignored.
 DateTime readTimeStamp(std::string_view field) {
+    const auto fail = [&](const char* what) -> DateTime {
+        throw LoadFailure{"casovy udaj '" + std::string(field) + "' " + what};
+    };
     int values[6];
-    std::string_view rest = field;
+    std::size_t pos = 0;
     for (int i = 0; i < 6; ++i) {
         if (i > 0) {
-            const std::size_t dash = rest.find('-');
-            if (dash == std::string_view::npos)
-                throw LoadFailure{"casovy udaj '" + std::string(field) + "' nema sest casti"};
-            rest.remove_prefix(dash + 1);
+            if (pos >= field.size()) return fail("nema sest casti");
+            ++pos;  // the "-" that ended the previous piece
         }
-        const auto value = readTimePiece(rest.substr(0, rest.find('-')));
-        if (!value) throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
-        values[i] = *value;
+        while (pos < field.size() && field[pos] == ' ') ++pos;
+        int value = 0;
+        int digits = 0;
+        while (pos < field.size() && field[pos] >= '0' && field[pos] <= '9' && digits < 9) {
+            value = value * 10 + (field[pos++] - '0');
+            ++digits;
+        }
+        while (pos < field.size() && field[pos] == ' ') ++pos;
+        if (digits == 0 || (pos < field.size() && field[pos] != '-')) return fail("neni platne datum");
+        values[i] = value;
     }
     const auto [year, a, b, hour, minute, second] = values;
     if (auto time = DateTime::fromParts(year, b, a, hour, minute, second)) return *time;
@@ -168,10 +166,8 @@ private:
         LineReader lines(text);
         if (lines.atEnd()) throw LoadFailure{"soubor neobsahuje hlavicku"};
         readHeader(decoded(lines.next()));
-        // One event a line at most, plus the few the loader inserts: no regrowth on the way.
-        const auto lineBreaks = std::count(text.begin(), text.end(), '\n') +
-                                std::count(text.begin(), text.end(), '\r');
-        world_.events.reserve(static_cast<std::size_t>(std::min<std::int64_t>(lineBreaks, kMaxEvents)) + 8);
+        // A line takes at least 20 bytes: room for every event without regrowth on the way.
+        world_.events.reserve(std::min<std::size_t>(text.size() / 20, kMaxEvents) + 1);
         world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
 
         while (!lines.atEnd()) {
