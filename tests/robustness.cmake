@@ -1,3 +1,3 @@
 add_executable(robustness_tests robustness/hostile_files_test.cpp)
-target_link_libraries(robustness_tests PRIVATE trelvin_core GTest::gtest_main)
+target_link_libraries(robustness_tests PRIVATE trelvin_test_support)
 gtest_discover_tests(robustness_tests DISCOVERY_TIMEOUT 30 PROPERTIES TIMEOUT 300)

@@ -16,13 +16,7 @@ using testing::LoadReplayText;
 using testing::WriteReplayFile;
 using namespace std::string_literals;
 
-const std::string kAlfa =
-    "0;Alfa;2;3;2;3\r\n"
-    "2004-06-19-08-00-00;create_world;NNBSXN\r\n"
-    "2004-06-19-08-10-00;create_hq;Karel;les;A0\r\n"
-    "2004-06-19-08-20-30;create_hq;Jana;louka;C1\r\n"
-    "2004-06-19-09-05-00;buy;A0;Vosi\xE8ka;4\r\n"
-    "2004-06-19-09-40-00;attack;A0;B0;4;1;3\r\n";
+using testing::kAlfa;
 
 // Limit 0 starts the world after its first line; limit 9 never starts it.
 const std::string kHeader = "0;B;0;4;4;1\n";
