@@ -9,6 +9,7 @@ function(trelvin_window_test name source)
 endfunction()
 
 trelvin_window_test(open_flow_tests shell/open_flow_test.cpp)
+trelvin_window_test(keyboard_and_drop_tests shell/keyboard_and_drop_test.cpp)
 trelvin_window_test(map_grid_tests view/map_grid_test.cpp)
 trelvin_window_test(navigation_tests playback/navigation_test.cpp)
 trelvin_window_test(slide_show_tests playback/slide_show_test.cpp)

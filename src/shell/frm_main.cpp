@@ -1,17 +1,27 @@
+// The window's controls, their keys and tab order, and its start-up.
 #include "shell/frm_main.h"
+
+#include <initializer_list>
+#include <utility>
+#include <vector>
 
 #include <QAction>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QTimer>
 
 #include "engine/event_executor.h"
+#include "model/field_addressing.h"
+#include "model/text_encoding.h"
 #include "playback/clock_face.h"
 #include "shell/twips.h"
 #include "view/map_grid.h"
@@ -48,6 +58,13 @@ QRadioButton* makeOption(QWidget* parent, const char* caption, int left, int top
     return option;
 }
 
+// Option buttons that exclude only each other: left to themselves, options on one window
+// exclude those inside its frames too, and a selected option could be clicked off.
+void groupOptions(QObject* owner, std::initializer_list<QRadioButton*> options) {
+    auto* group = new QButtonGroup(owner);
+    for (QRadioButton* option : options) group->addButton(option);
+}
+
 QGroupBox* makeFrame(QWidget* parent, const char* caption, int left, int top, int width,
                      int height) {
     auto* frame = new QGroupBox(QString::fromLatin1(caption), parent);
@@ -82,7 +99,10 @@ frmMain::frmMain(trelvin::WorldState& world, trelvin::WindowServices services, Q
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
     setWindowIcon(QIcon(QStringLiteral(":/icon/trelvin.png")));
     buildControls();
+    setTabOrderByLayout();
     connectHandlers();
+    connectKeys();
+    setAcceptDrops(true);
     Form_Load();
 }
 
@@ -106,6 +126,7 @@ void frmMain::buildControls() {
     ov[0] = makeOption(client, "Ovladat po tazich", 240, 120, 2895, 255);
     ov[1] = makeOption(client, "Slide-show", 3240, 120, 2895, 255);
     ov[0]->setChecked(true);
+    groupOptions(this, {ov[0], ov[1]});
 
     cmdBegin = makeButton(client, "|<--", 720, 480, 735);
     cmdBack = makeButton(client, "<----", 1440, 480, 1215);
@@ -137,6 +158,7 @@ void frmMain::buildControls() {
     o[1] = makeOption(Frame2, "Jako les", 2400, 240, 1815, 255);
     o[2] = makeOption(Frame2, "Videt vse", 4320, 240, 1815, 255);
     o[2]->setChecked(true);
+    groupOptions(this, {o[0], o[1], o[2]});
 
     f = makeFrame(client, "Hraci", 120, 2640, 2895, 1575);
     makeLabel(f, "Hrac", Qt::AlignLeft, 120, 240, 975, 255);
@@ -145,6 +167,8 @@ void frmMain::buildControls() {
     cmbHraci->setInsertPolicy(QComboBox::NoInsert);
     cmbHraci->setEditText(QStringLiteral("Zvolte hrace"));
     cmbHraci->setEnabled(false);
+    // A file dropped anywhere opens it, the text fields included.
+    cmbHraci->lineEdit()->setAcceptDrops(false);
     PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
     makeLabel(f, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095, 255);
     lblPocetTahu = makeLabel(f, "", Qt::AlignRight, 1440, 480, 1335, 255);
@@ -161,6 +185,7 @@ void frmMain::buildControls() {
     txtPolicko->setAlignment(Qt::AlignHCenter);
     txtPolicko->setMaxLength(3);
     txtPolicko->setEnabled(false);
+    txtPolicko->setAcceptDrops(false);
     PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
     makeLabel(Frame1, "Typ", Qt::AlignLeft, 120, 480, 1215, 255);
     lblPTyp = makeLabel(Frame1, "", Qt::AlignRight, 1560, 480, 1215, 255);
@@ -186,6 +211,9 @@ void frmMain::connectHandlers() {
     for (int index = 0; index < 3; ++index)
         connect(o[index], &QRadioButton::clicked, this, [this, index] { o_Click(index); });
     connect(grid, &trelvin::MapGrid::clicked, this, &frmMain::m_Click);
+    grid->setFieldNames([this](int k) {
+        return QString::fromStdString(trelvin::cp1250ToUtf8(trelvin::FieldName(world_, k)));
+    });
     connect(txtPolicko, &QLineEdit::textChanged, this, &frmMain::txtPolicko_Change);
     connect(cmbHraci, &QComboBox::activated, this, &frmMain::cmbHraci_Click);
     connect(cmbHraci->lineEdit(), &QLineEdit::textEdited, this, &frmMain::cmbHraci_Change);
@@ -202,6 +230,50 @@ void frmMain::connectHandlers() {
     connect(cmdRD, &QPushButton::clicked, this, &frmMain::cmdRD_Click);
     connect(cmdSEnd, &QPushButton::clicked, this, &frmMain::cmdSEnd_Click);
     connect(tSlide, &QTimer::timeout, this, &frmMain::onSlideTimerTick);
+}
+
+QPushButton* frmMain::buttonForKey(int key) const {
+    const bool stepMode = ov[0]->isChecked();
+    switch (key) {
+    case Qt::Key_Left: return stepMode ? cmdBack : nullptr;
+    case Qt::Key_Right: return stepMode ? cmdForw : nullptr;
+    case Qt::Key_Home: return stepMode ? cmdBegin : cmdSBegin;
+    case Qt::Key_End: return stepMode ? cmdEnd : cmdSEnd;
+    case Qt::Key_Space:
+        if (stepMode) return nullptr;
+        return tSlide->isActive() ? cmdS : cmdD;
+    default: return nullptr;
+    }
+}
+
+void frmMain::connectKeys() {
+    mnuOtevritItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    mnuKonecItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+
+    // Window shortcuts yield to a focused text field, which claims its editing keys first.
+    std::vector<std::pair<int, QShortcut*>> keys;
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_Space}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), this);
+        // A click does nothing on a disabled button, as with the mouse.
+        connect(shortcut, &QShortcut::activated, this, [this, key] {
+            if (QPushButton* button = buttonForKey(key)) button->click();
+        });
+        keys.emplace_back(key, shortcut);
+    }
+    // A key without a button in the current mode stays with the focused control.
+    const auto followMode = [this, keys] {
+        for (const auto& [key, shortcut] : keys) shortcut->setEnabled(buttonForKey(key) != nullptr);
+    };
+    connect(ov[0], &QRadioButton::toggled, this, followMode);
+    followMode();
+}
+
+void frmMain::setTabOrderByLayout() {
+    const std::vector<QWidget*> order{ov[0],  ov[1],  cmdBegin, cmdBack, cmdForw,  cmdEnd,
+                                      cmdSBegin, cmdRZ, cmdZ,   cmdS,    cmdD,     cmdRD,
+                                      cmdSEnd, o[0],   o[1],     o[2],    cmbHraci, txtPolicko};
+    for (std::size_t index = 1; index < order.size(); ++index)
+        setTabOrder(order[index - 1], order[index]);
 }
 
 void frmMain::Form_Load() {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include <QMainWindow>
 #include <QString>
@@ -16,6 +17,8 @@
 
 class QAction;
 class QComboBox;
+class QDragEnterEvent;
+class QDropEvent;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -129,6 +132,10 @@ public slots:
     void cmbHraci_Click();
     void cmbHraci_Change();
 
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
 private:
     // Marks a handler that applies events or shows message boxes; a slide-show tick that
     // falls due meanwhile waits until the outermost one ends, and runs at most once.
@@ -144,7 +151,13 @@ private:
     };
 
     void buildControls();
+    void setTabOrderByLayout();
     void connectHandlers();
+    void connectKeys();
+    // The button a navigation key presses in the current control mode; none when it has none.
+    QPushButton* buttonForKey(int key) const;
+    // The open flow; a dropped file stands in for the dialog's choice.
+    void runOpenFlow(const std::optional<QString>& dropped);
     void onSlideTimerTick();
     void growToShowGrid();
     void applyEvent(std::int16_t index);

@@ -11,6 +11,8 @@
 
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
+    // Ties the window to the installed desktop entry and its icon.
+    QApplication::setDesktopFileName(QStringLiteral("trelvin-replay"));
     trelvin::WorldState world;
     trelvin::MessageBoxService messages;
     trelvin::FileDialogService dialog;

@@ -1,14 +1,20 @@
-// Opening a replay and building the map grid for it.
+// Opening a replay, from the menu or by a file dropped on the window, and building the map
+// grid for it.
 #include <algorithm>
 #include <exception>
+#include <optional>
 
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
+#include <QUrl>
 
 #include "model/replay_loader.h"
 #include "model/text_encoding.h"
@@ -16,13 +22,40 @@
 #include "shell/twips.h"
 #include "view/map_grid.h"
 
-void frmMain::mnuOtevritItem_Click() {
+namespace {
+
+// One local file; anything else is refused.
+std::optional<QString> droppedFile(const QMimeData* data) {
+    if (data == nullptr || !data->hasUrls()) return std::nullopt;
+    const QList<QUrl> urls = data->urls();
+    if (urls.size() != 1 || !urls.front().isLocalFile()) return std::nullopt;
+    return urls.front().toLocalFile();
+}
+
+}  // namespace
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (droppedFile(event->mimeData())) event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const std::optional<QString> path = droppedFile(event->mimeData());
+    if (!path) return;
+    event->acceptProposedAction();
+    // The flow may show message boxes: run it once the drag source has been answered.
+    QTimer::singleShot(0, this, [this, file = *path] { runOpenFlow(file); });
+}
+
+void frmMain::mnuOtevritItem_Click() { runOpenFlow(std::nullopt); }
+
+void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
     StepGuard guard(*this);
     // No tick may step a replay whose grid is being replaced.
     tSlide->stop();
     try {
         grid->unloadAll();
-        if (auto chosen = services_.files.chooseFile(fileName_)) fileName_ = *chosen;
+        if (auto chosen = dropped ? dropped : services_.files.chooseFile(fileName_))
+            fileName_ = *chosen;
         trelvin::LoadReplay(world_, QFile::encodeName(fileName_).toStdString(), reporter_);
         position = 1;
         applyEvent(position);

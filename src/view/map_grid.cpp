@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 #include <string>
 #include <utility>
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QHelpEvent>
 #include <QPaintEvent>
+#include <QToolTip>
 
 #include "model/checked_math.h"
 #include "model/field_addressing.h"
@@ -164,6 +167,28 @@ int MapGrid::fieldAt(const QPoint& point) const {
         if (field.visible && toWidgetPixels(field.rect).contains(point)) return k;
     }
     return 0;
+}
+
+bool MapGrid::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int k = fieldAt(help->pos());
+    QString name;
+    if (k != 0 && fieldNames_) {
+        try {
+            name = fieldNames_(k);
+        } catch (const std::exception&) {
+            // A map whose names cannot be made keeps its fields unnamed.
+        }
+    }
+    if (name.isEmpty()) {
+        QToolTip::hideText();
+        event->ignore();
+    } else {
+        // Bound to the field, so the tooltip follows the pointer to the next field.
+        QToolTip::showText(help->globalPos(), name, this, toWidgetPixels(fields_[k - 1].rect));
+    }
+    return true;
 }
 
 void MapGrid::mousePressEvent(QMouseEvent* event) {

@@ -2,6 +2,8 @@
 // The map: one painted widget holding the field pictures m(1..) and the grid labels l(1..)
 // as plain per-element state, so that maps of ten thousand fields open and redraw at once.
 // Positions are twips of the window's client area; the widget covers their bounding box.
+#include <functional>
+#include <utility>
 #include <vector>
 
 #include <QPixmap>
@@ -42,6 +44,10 @@ public:
     QString labelCaption(int n) const { return labels_.at(n - 1).caption; }
     QRectF labelRect(int n) const { return labels_.at(n - 1).rect; }
 
+    // Names field k (1-based) for the tooltip of the field under the mouse pointer; a name
+    // that cannot be made shows no tooltip.
+    void setFieldNames(std::function<QString(int)> names) { fieldNames_ = std::move(names); }
+
     // Bounding box in twips of everything shown; empty when nothing is.
     QRectF contentRect() const;
 
@@ -49,6 +55,7 @@ signals:
     void clicked(int k);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -77,6 +84,7 @@ private:
     QFont labelFont_;
     QPoint originTwips_;
     int pressedField_ = 0;
+    std::function<QString(int)> fieldNames_;
 };
 
 }  // namespace trelvin
