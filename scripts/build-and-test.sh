@@ -31,7 +31,9 @@ run_suite() {
 
 run_suite build
 if [ $sanitize -eq 1 ]; then
-  ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+  # Leaks only inside system libraries are suppressed; any in our code fail the test.
+  ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0" \
+    UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
     run_suite build-asan -DTRELVIN_SANITIZE=ON
 fi
 if [ $fuzz -eq 1 ]; then
