@@ -14,6 +14,6 @@ add_library(trelvin_core STATIC
   engine/rules_economy.cpp
   view/visibility.cpp
   view/field_pictures.cpp
-  view/field_inspection.cpp
+  view/field_details.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -7,7 +7,7 @@
 #include "model/field_addressing.h"
 #include "model/text_encoding.h"
 #include "shell/frm_main.h"
-#include "view/field_inspection.h"
+#include "view/field_details.h"
 #include "view/field_pictures.h"
 #include "view/map_grid.h"
 

@@ -1,24 +1,16 @@
 #pragma once
 // The main window driven without a person: the Open dialog answers from a queue, message
 // boxes are recorded, and every applied event index is recorded before it is applied.
-#include <deque>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
-#include <QDir>
-#include <QFile>
-#include <QStringList>
-#include <QTemporaryDir>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "engine/event_executor.h"
 #include "shell/frm_main.h"
+#include "view/map_grid.h"
 
 namespace trelvin::testing {
 
-class RecordingMessages : public MessageService {
-public:
+struct RecordingMessages : MessageService {
     void showMessage(const QString& text) override {
         texts.push_back(text);
         if (whileShown) whileShown();
@@ -27,15 +19,12 @@ public:
     std::function<void()> whileShown;
 };
 
-class QueuedFiles : public OpenFileService {
-public:
+struct QueuedFiles : OpenFileService {
     std::optional<QString> chooseFile(const QString&) override {
         if (answers.empty()) return std::nullopt;
-        const std::optional<QString> answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return answers.takeFirst();
     }
-    std::deque<std::optional<QString>> answers;
+    QList<std::optional<QString>> answers;
 };
 
 struct Window {
@@ -53,11 +42,28 @@ struct Window {
         window->mnuOtevritItem_Click();
     }
     QString write(const std::string& name, const std::vector<std::string>& lines) {
-        const QString path = directory.filePath(QString::fromStdString(name));
-        QFile file(path);
+        QByteArray bytes;
+        for (const std::string& line : lines) bytes += line + "\r\n";
+        return write(name, bytes);
+    }
+    QString write(const std::string& name, const QByteArray& bytes) {
+        QFile file(directory.filePath(QString::fromStdString(name)));
         file.open(QIODevice::WriteOnly);
-        for (const std::string& line : lines) file.write((line + "\r\n").c_str());
-        return path;
+        file.write(bytes);
+        return file.fileName();
+    }
+    // The events `action` applies.
+    template <typename Action>
+    std::vector<int> applies(Action action) {
+        applied.clear();
+        action();
+        return applied;
+    }
+    // Shown and active: window shortcuts reach only the active window.
+    void activate() {
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
 
     WorldState world;
@@ -67,6 +73,20 @@ struct Window {
     QTemporaryDir directory;
     std::unique_ptr<frmMain> window;
 };
+
+// '1' for each enabled button: the five forward ones, then the five backward ones.
+inline QString EnabledButtons(const frmMain& w) {
+    QString result;
+    for (QPushButton* b : {w.cmdForw, w.cmdEnd, w.cmdSEnd, w.cmdD, w.cmdRD, w.cmdBack, w.cmdBegin, w.cmdSBegin, w.cmdZ, w.cmdRZ})
+        result += b->isEnabled() ? '1' : '0';
+    return result;
+}
+
+inline std::vector<int> Range(int first, int last) {
+    std::vector<int> result;
+    for (int i = first; i <= last; ++i) result.push_back(i);
+    return result;
+}
 
 // The world Alfa: 3 columns, 2 rows, two players; 7 events with the inserted start and end.
 inline const std::vector<std::string> kAlfa{

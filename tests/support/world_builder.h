@@ -1,12 +1,26 @@
 #pragma once
-// Small worlds for rule tests: a map from a terrain string, players and owned fields.
+// Small worlds and replay texts for the core tests: a map from a terrain string, players,
+// events applied one by one, and loads from bytes.
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "engine/event_executor.h"
 #include "model/field_addressing.h"
 #include "model/replay_loader.h"
 
 namespace trelvin::testing {
+
+inline constexpr const char* kLoadFailure = "Chyba pri nacitani replaye - ";
+
+// The smallest complete replay: a 3 x 2 world, two players, a purchase and an attack.
+inline const std::string kAlfa =
+    "0;Alfa;2;3;2;3\r\n"
+    "2004-06-19-08-00-00;create_world;NNBSXN\r\n"
+    "2004-06-19-08-10-00;create_hq;Karel;les;A0\r\n"
+    "2004-06-19-08-20-30;create_hq;Jana;louka;C1\r\n"
+    "2004-06-19-09-05-00;buy;A0;Vosi\xE8ka;4\r\n"
+    "2004-06-19-09-40-00;attack;A0;B0;4;1;3\r\n";
 
 inline WorldState MakeWorld(int width, int height, const std::string& terrain) {
     WorldState w;
@@ -20,23 +34,21 @@ inline WorldState MakeWorld(int width, int height, const std::string& terrain) {
     return w;
 }
 
+// A started player: 15 moves, 500 nectar, the headquarters as the only field.
 inline Player& AddPlayer(WorldState& w, const std::string& name, const std::string& side,
                          const std::string& hq) {
-    Player p;
-    p.name = name;
-    p.side = side;
-    p.hqField = hq;
-    p.playing = true;
-    p.moves = 15;
-    p.nectar = 500;
-    p.territory = 1;
-    p.nectarPerHour = 12;
-    w.players.push_back(p);
+    w.players.push_back(Player{name, side, hq, 15, 500, 12, 1, true});
     w.tiles[FieldIndex(w, hq)].owner = name;
     return w.players.back();
 }
 
 inline Tile& At(WorldState& w, const std::string& name) { return w.tiles[FieldIndex(w, name)]; }
+
+inline ReplayEvent Event(const std::string& action, const std::string& place = "",
+                         const std::string& target = "", std::int16_t amount = 0,
+                         bool success = false, std::int16_t survivors = 0) {
+    return ReplayEvent{{}, action, place, target, amount, success, survivors, "", ""};
+}
 
 // Appends the event and applies it; returns the message texts it showed.
 inline std::vector<std::string> Apply(WorldState& w, ReplayEvent e) {
@@ -47,20 +59,22 @@ inline std::vector<std::string> Apply(WorldState& w, ReplayEvent e) {
     return reporter.texts;
 }
 
-inline ReplayEvent Event(const std::string& action, const std::string& place = "",
-                         const std::string& target = "", std::int16_t amount = 0) {
-    ReplayEvent e;
-    e.action = action;
-    e.place = place;
-    e.target = target;
-    e.amount = amount;
-    return e;
-}
-
 inline std::vector<std::string> Load(WorldState& w, const std::string& bytes) {
     RecordingReporter reporter;
     LoadReplayFromBytes(w, bytes, reporter);
     return reporter.texts;
+}
+
+// The loaded actions joined by blanks, to compare the whole event list at once.
+inline std::string Actions(const WorldState& w) {
+    std::string joined;
+    for (int i = 1; i <= w.lastEventIndex(); ++i) joined += (i > 1 ? " " : "") + w.events[i].action;
+    return joined;
+}
+
+// Exactly one message: the prefix and a description after it.
+inline bool OneMessage(const std::vector<std::string>& texts, const char* prefix) {
+    return texts.size() == 1 && texts[0].starts_with(prefix) && texts[0].size() > std::strlen(prefix);
 }
 
 }  // namespace trelvin::testing

@@ -1,4 +1,4 @@
-#include "view/field_inspection.h"
+#include "view/field_details.h"
 
 #include <cmath>
 

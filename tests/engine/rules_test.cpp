@@ -1,0 +1,210 @@
+// The rules of each event applied to small worlds: texts, state changes, costs and failures.
+#include <gtest/gtest.h>
+
+#include "support/world_builder.h"
+
+namespace trelvin {
+namespace {
+
+using namespace testing;
+
+bool stopped(const std::vector<std::string>& texts) { return OneMessage(texts, kExecuteErrorPrefix); }
+
+ReplayEvent WithPlayer(ReplayEvent e, const std::string& player, const std::string& armyType = "") {
+    e.playerName = player;
+    e.armyType = armyType;
+    return e;
+}
+
+TEST(Lifecycle, CreateWorldDescribesResetsAndFailsPastTheTable) {
+    WorldState w = MakeWorld(10, 8, "");
+    w.worldName = "Alfa";
+    w.playerLimit = 4;
+    AddPlayer(w, "Karel", "les", "A0");
+    At(w, "A0") = Tile{"S", "Karel", "Hovado", 5, true};
+    At(w, "C0") = Tile{"B", "Karel", "Hovado", 7, false};
+    EXPECT_TRUE(Apply(w, Event("create_world", "NB")).empty());
+    EXPECT_EQ(w.actionText, "Svet Alfa vytvoren\r\nRozmery: 10x8\r\nRychlost: 3\r\nPocet hracu (limit): 4");
+    EXPECT_EQ(At(w, "A0").terrain + At(w, "A0").owner + At(w, "A0").armyType + At(w, "B0").terrain, "NB");
+    // Past the string nothing changes; the visible flag belongs to the view.
+    EXPECT_EQ(std::tuple(At(w, "A0").armyCount, At(w, "A0").visible, At(w, "C0").armyCount,
+                         w.lastPlayerIndex()), std::tuple(0, true, 7, 0));
+    AddPlayer(w, "Karel", "les", "A0");
+    EXPECT_TRUE(stopped(Apply(w, Event("create_world", std::string(80, 'S') + "BB"))));
+    EXPECT_TRUE(w.actionText.starts_with("Svet Alfa vytvoren\r\n"));
+    EXPECT_EQ(At(w, "J7").terrain, "S");
+    EXPECT_EQ(w.lastPlayerIndex(), 1);  // players stay
+}
+
+TEST(Lifecycle, PlayersJoinStartGainHourlyAndEnd) {
+    WorldState w = MakeWorld(3, 2, "NBSXNN");
+    EXPECT_TRUE(Apply(w, WithPlayer(Event("create_hq", "B0", "louka"), "Jana")).empty());
+    EXPECT_EQ(w.actionText, "vytvoreni veleni hrace Jana(louka)");
+    EXPECT_EQ(w.players[1].name + w.players[1].side + w.players[1].hqField + At(w, "B0").owner,
+              "JanaloukaB0Jana");
+    Apply(w, WithPlayer(Event("create_hq", "C0", "les"), "Karel"));
+    EXPECT_TRUE(Apply(w, Event("start")).empty());
+    EXPECT_EQ(w.actionText, "Zacatek sveta");
+    for (const Player& p : {w.players[1], w.players[2]})
+        EXPECT_EQ(std::tuple(p.nectar, p.moves, p.territory, p.playing), std::tuple(500, 15, 1, true));
+    EXPECT_EQ(w.players[1].nectarPerHour * 100 + w.players[2].nectarPerHour, 705);  // swamp 7, rock 5
+
+    w.players[2].playing = false;  // players who are out gain too
+    EXPECT_TRUE(Apply(w, Event("add_rounds", "", "", 2)).empty());
+    EXPECT_EQ(w.actionText, "Pridani 6 (za 2 hodin) tahu.");
+    EXPECT_EQ(std::tuple(w.players[1].moves, w.players[1].nectar, w.players[2].moves, w.players[2].nectar),
+              std::tuple(21, 514, 21, 510));
+    w.players[1].nectarPerHour = 20000;  // past 16 bits: stops at that player's nectar step
+    EXPECT_TRUE(stopped(Apply(w, Event("add_rounds", "", "", 2))));
+    EXPECT_EQ(std::tuple(w.players[1].moves, w.players[1].nectar, w.players[2].moves, w.players[2].nectar),
+              std::tuple(27, 514, 21, 510));
+    w.speed = 200;  // the product in the text fails before anything changes
+    EXPECT_TRUE(stopped(Apply(w, Event("add_rounds", "", "", 200))));
+    EXPECT_EQ(w.players[1].moves, 27);
+
+    w.events.push_back(Event("attack", "B0", "A1", 1));
+    EXPECT_TRUE(Apply(w, WithPlayer(Event("end"), "from file")).empty());
+    EXPECT_EQ(w.events.back().playerName, "louka");
+    EXPECT_EQ(w.actionText, "konec sveta - vitezem se stal typ louka");
+    EXPECT_TRUE(Apply(w, Event("end_hld_fire")).empty());
+    EXPECT_EQ(w.actionText, "Zruseni ochranne lhuty neutoceni");
+}
+
+class Rules : public ::testing::Test {
+protected:
+    // 10 x 10 grass; Karel (les) has 12 "Beruška" on C4, Jana (louka) sits on J9.
+    Rules() : w(MakeWorld(10, 10, std::string(100, 'N'))) {
+        AddPlayer(w, "Karel", "les", "A0");
+        AddPlayer(w, "Jana", "louka", "J9");
+        At(w, "C4") = Tile{"N", "Karel", "Beru\x9Aka", 12, false};
+    }
+    Player& karel() { return w.players[1]; }
+    Player& jana() { return w.players[2]; }
+    WorldState w;
+};
+
+TEST_F(Rules, AttackOnFreeLandCostsSevenAndFailedOnesLeaveSurvivors) {
+    EXPECT_TRUE(Apply(w, Event("attack", "C4", "D5", 12, true, 9)).empty());
+    EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (volne uzemi) s 12 jednotkami.\r\n"
+                            "Utok se zdaril prezilo 9 jednotek\r\nAkce stala 7 tah(u).");
+    EXPECT_EQ(At(w, "D5").owner + At(w, "D5").armyType + At(w, "C4").armyType, "KarelBeru\x9Aka");
+    EXPECT_EQ(At(w, "D5").armyCount + At(w, "C4").armyCount * 100, 9);
+    EXPECT_EQ(std::tuple(karel().territory, karel().nectarPerHour, karel().moves), std::tuple(2, 24, 8));
+
+    At(w, "D4") = Tile{"N", "Jana", "Hovado", 5, false};
+    At(w, "C4") = Tile{"N", "Karel", "Beru\x9Aka", 12, false};
+    EXPECT_TRUE(Apply(w, Event("attack", "C4", "D4", 10, false, 3)).empty());
+    EXPECT_TRUE(w.actionText.ends_with("Utok se nezdaril prezilo 3 jednotek\r\nAkce stala 5 tah(u)."));
+    EXPECT_EQ(At(w, "C4").armyType + std::to_string(At(w, "C4").armyCount) + At(w, "D4").armyType +
+                  std::to_string(At(w, "D4").armyCount) + At(w, "D4").owner, "Beru\x9Aka2Hovado3Jana");
+}
+
+TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
+    At(w, "D5") = Tile{"B", "Jana", "Kom\xE1r", 3, false};
+    At(w, "E5") = Tile{"N", "Jana", "Kom\xE1r", 4, false};
+    jana().hqField = "D5";
+    jana().territory = 2;
+    AddPlayer(w, "Twin", "louka", "H0").hqField = "D5";
+    EXPECT_TRUE(Apply(w, Event("attack", "C4", "D5", 12, true, 9)).empty());
+    EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (Jana) s 12 jednotkami.\r\nUtok se zdaril prezilo 9 "
+                            "jednotek\r\nDobyto veleni hrace Jana\r\nDobyto veleni hrace Twin\r\n"
+                            "Akce stala 7 tah(u).");
+    EXPECT_FALSE(jana().playing || w.players[3].playing);
+    EXPECT_EQ(std::tuple(jana().territory, jana().nectarPerHour, karel().nectarPerHour), std::tuple(1, 5, 19));
+    for (const char* freed : {"E5", "J9", "H0"})
+        EXPECT_EQ(At(w, freed).owner + std::to_string(At(w, freed).armyCount), "0") << freed;
+}
+
+TEST_F(Rules, AttackCostGrowsWithDistanceAndIsLowerOnRock) {
+    // From C4: dx, dy = 1,0 / 1,1 / 2,1 / 2,2 / 3,4; an attack costs less on rock.
+    const std::tuple<const char*, int, int> costs[] = {
+        {"D4", 5, 4}, {"D5", 7, 5}, {"E5", 11, 8}, {"E6", 14, 11}, {"F8", 25, 20}};
+    for (const auto& [target, normal, rock] : costs) {
+        for (const char* terrain : {"N", "X", "S"}) {
+            At(w, target) = Tile{terrain, "", "", 0, false};
+            const int cost = std::string(terrain) == "S" ? rock : normal;
+            karel().moves = 100;
+            EXPECT_TRUE(Apply(w, Event("attack", "C4", target)).empty());
+            EXPECT_EQ(karel().moves, 100 - cost) << target << terrain;
+            EXPECT_TRUE(w.actionText.ends_with("\r\nAkce stala " + std::to_string(cost) + " tah(u)."));
+        }
+    }
+}
+
+TEST_F(Rules, ForgedAttackKeepsItsCostLineButRockDoesNot) {
+    karel().moves = -32765;
+    EXPECT_EQ(Apply(w, Event("attack", "C4", "D5", 1, true, 1)), std::vector<std::string>{kForgeryMessage});
+    EXPECT_EQ(karel().moves, -32765);
+    EXPECT_TRUE(w.actionText.ends_with("prezilo 1 jednotek\r\nAkce stala 7 tah(u)."));
+    At(w, "E5").terrain = "S";
+    EXPECT_TRUE(stopped(Apply(w, Event("attack", "D5", "E5", 1, true, 1))));
+    EXPECT_TRUE(w.actionText.ends_with("prezilo 1 jednotek"));
+    EXPECT_EQ(At(w, "E5").owner, "Karel");  // the steps before the cost stay
+    karel().moves = 15;
+    karel().territory = 255;  // before the cost the attack stops at the first failure
+    EXPECT_TRUE(stopped(Apply(w, Event("attack", "E5", "F5", 1, true, 1))));
+    EXPECT_EQ(At(w, "F5").owner + std::to_string(karel().moves), "15");
+}
+
+TEST_F(Rules, MoveCarriesUnitsAndTheirType) {
+    At(w, "D5") = Tile{"N", "Jana", "Hovado", 2, false};
+    EXPECT_TRUE(Apply(w, Event("move", "C4", "D5", 5)).empty());
+    EXPECT_EQ(w.actionText, "Pohyb 5 jednotek z C4 na D5\r\nAkce stala 2 tah(u).");
+    EXPECT_EQ(At(w, "C4").armyCount * 100 + At(w, "D5").armyCount, 707);
+    EXPECT_EQ(At(w, "D5").armyType + At(w, "D5").owner, "Beru\x9AkaJana");
+    EXPECT_EQ(karel().moves + jana().moves * 100, 1513);
+    Apply(w, Event("move", "C4", "F8", 7));  // 3,4 away: twice 5
+    EXPECT_EQ(At(w, "C4").armyType + w.actionText, "Pohyb 7 jednotek z C4 na F8\r\nAkce stala 10 tah(u).");
+    EXPECT_EQ(Apply(w, Event("move", "C4", "Z99", 1)).size(), 1u);
+    EXPECT_EQ(At(w, "C4").armyCount * 100 + karel().moves, -97);  // units leave before the target fails
+}
+
+TEST_F(Rules, RetreatRefundsHalfAndGoesQuietAfterItsText) {
+    for (const auto& [type, amount, refund] : std::initializer_list<std::tuple<const char*, int, int>>{
+             {"Beru\x9Aka", 3, 12}, {"\x8Av\xE1\x62", 1, 8}, {"Kom\xE1r", 5, 5}, {"Chrob\xE1k", 1, 5},
+             {"Beru\xC5\xA1ka", 4, 0}, {"hovado", 4, 0}, {"Hovado", -3, -15}}) {
+        At(w, "B2") = Tile{"N", "Karel", type, 10, false};
+        karel().nectar = 100;
+        EXPECT_TRUE(Apply(w, Event("retreat", "B2", "", static_cast<std::int16_t>(amount))).empty());
+        EXPECT_EQ(w.actionText, "Prodej " + std::to_string(amount) + " jednotek z B2. Ziskals za ne " +
+                                    std::to_string(refund) + "ml nektaru.");
+        EXPECT_EQ(std::tuple(karel().nectar, At(w, "B2").armyCount, karel().moves),
+                  std::tuple(100 + refund, 10 - amount, 15)) << type;
+    }
+    karel().nectar = 2147483647;  // quiet: the overflowing refund is skipped, the army still shrinks
+    EXPECT_TRUE(Apply(w, Event("retreat", "B2", "", 2)).empty());
+    EXPECT_EQ(std::tuple(karel().nectar, At(w, "B2").armyCount), std::tuple(2147483647, 11));
+    w.actionText = "previous";  // the text step itself still stops
+    EXPECT_TRUE(stopped(Apply(w, Event("retreat", "Q77", "", 2))));
+    EXPECT_EQ(w.actionText, "previous");
+}
+
+TEST_F(Rules, BuyConvertAndTrade) {
+    At(w, "C3") = Tile{"B", "Karel", "Hovado", 2, false};
+    EXPECT_TRUE(Apply(w, WithPlayer(Event("buy", "C3", "", 4), "", "Vosi\xE8ka")).empty());
+    EXPECT_EQ(w.actionText,
+              "Nakup 4 jednotek typu Vosi\xE8ka na C3. Cena 48ml nektaru.\r\nAkce stala 1 tah.");
+    EXPECT_EQ(std::tuple(karel().nectar, karel().moves, At(w, "C3").armyCount, At(w, "C3").armyType),
+              std::tuple(452, 14, 6, std::string("Vosi\xE8ka")));
+    EXPECT_TRUE(stopped(Apply(w, WithPlayer(Event("buy", "A99", "", 1), "", "Hovado"))));
+
+    karel().nectarPerHour = 19;
+    EXPECT_TRUE(Apply(w, Event("convert_gnd", "C3", "N")).empty());
+    EXPECT_EQ(w.actionText, "Pretvoreni zeme na C3 na N\r\nAkce stala 1 tah a 36ml nektaru.");
+    EXPECT_EQ(std::tuple(karel().nectarPerHour, karel().nectar, karel().moves), std::tuple(24, 416, 13));
+    Apply(w, Event("convert_gnd", "C3", "S"));
+    Apply(w, Event("convert_gnd", "C3", "X"));  // an unknown terrain yields nothing
+    EXPECT_EQ(std::tuple(karel().nectarPerHour, karel().nectar), std::tuple(12, 401));
+
+    EXPECT_TRUE(Apply(w, Event("trade", "Karel", "Jana", 100)).empty());
+    EXPECT_EQ(w.actionText, "Poslani surovin:Karel -> Jana");
+    EXPECT_EQ(std::tuple(karel().nectar, jana().nectar), std::tuple(301, 600));
+    Apply(w, Event("trade", "Nobody", "Jana", 5));
+    EXPECT_EQ(w.players[0].nectar, -5);  // an unknown name is slot 0
+    jana().nectar = 2147483647;
+    EXPECT_TRUE(stopped(Apply(w, Event("trade", "Karel", "Jana", 1))));
+    EXPECT_EQ(karel().nectar, 300);  // the first step stays
+}
+
+}  // namespace
+}  // namespace trelvin

@@ -1,0 +1,98 @@
+// How a replay's values are read: numbers, Windows-1250 text, field names and player names.
+#include <gtest/gtest.h>
+
+#include "model/checked_math.h"
+#include "model/number_reading.h"
+#include "model/text_encoding.h"
+#include "support/world_builder.h"
+
+namespace trelvin {
+namespace {
+
+using testing::AddPlayer;
+using testing::MakeWorld;
+
+// The result of a reading as text: its value, or the kind of failure it threw.
+template <typename Read>
+std::string outcome(Read&& read) {
+    try {
+        return std::to_string(read());
+    } catch (const RuleError& error) {
+        if (error.kind() == RuleError::Kind::Overflow) return "overflow";
+        return error.kind() == RuleError::Kind::TypeMismatch ? "mismatch" : "other";
+    }
+}
+
+using Row = std::pair<const char*, const char*>;
+
+template <typename Read>
+void expectOutcomes(Read&& read, std::initializer_list<Row> rows) {
+    for (const auto& [text, result] : rows) EXPECT_EQ(outcome([&] { return read(text); }), result) << text;
+}
+
+TEST(NumberReading, StrictLeadingAndByteReadingsRoundHalfToEvenWithinTheirWidth) {
+    struct Case { const char *text, *strict, *leading; };
+    const Case cases[] = {
+        {"12abc", "mismatch", "12"}, {"2.5", "2", "2"}, {"3.5", "4", "4"}, {"-2.5", "-2", "-2"},
+        {"0.6", "1", "1"}, {".5", "0", "0"}, {"5.", "5", "5"}, {"1.5e1x", "mismatch", "15"}, {"+3", "3", "3"},
+        {"1e", "mismatch", "1"}, {"1e9", "overflow", "overflow"}, {"32767.4", "32767", "32767"},
+        {"32767.5", "overflow", "overflow"}, {"-32768", "-32768", "-32768"}, {"-32769", "overflow", "overflow"},
+        {"", "mismatch", "0"}, {".", "mismatch", "0"}, {"abc", "mismatch", "0"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(outcome([&] { return readStrictNumber(c.text); }), c.strict) << c.text;
+        EXPECT_EQ(outcome([&] { return readLeadingNumber(c.text); }), c.leading) << c.text;
+    }
+    // Only the blank counts as a space around a strict number.
+    expectOutcomes(readStrictNumber, {{"  7 ", "7"}, {"\t7", "mismatch"}, {"7 7", "mismatch"}});
+    expectOutcomes(readWholeByte, {{" 255 ", "255"}, {"2.5", "2"}, {"-0.4", "0"}, {"256", "overflow"},
+                                   {"-1", "overflow"}, {"3x", "mismatch"}, {"", "mismatch"}});
+}
+
+TEST(TextEncoding, WindowsBytesAndUtf8ConvertBothWays) {
+    EXPECT_EQ(cp1250ToUtf8("Beru\x9Aka\x80\x81"), "Beruška€\xC2\x81");  // undefined codes keep their value
+    EXPECT_EQ(utf8ToCp1250("Šváb €"), "\x8Av\xE1\x62 \x80");
+    EXPECT_EQ(utf8ToCp1250("日本 a\xFF"), "?? a?");
+    std::string everyByte;
+    for (int code = 1; code < 256; ++code) everyByte += static_cast<char>(code);
+    EXPECT_EQ(utf8ToCp1250(cp1250ToUtf8(everyByte)), everyByte);
+    EXPECT_TRUE(looksLikeUtf8Text("Vosička"));
+    EXPECT_FALSE(looksLikeUtf8Text("plain") || looksLikeUtf8Text("Vosi\xE8ka"));
+}
+
+TEST(FieldAddressing, IndexNameDistanceAndPlayerLookups) {
+    const WorldState w = MakeWorld(10, 8, "");
+    expectOutcomes([&](const char* name) { return FieldIndex(w, name); }, {
+        {"A0", "1"}, {"J7", "80"}, {"A1", "11"}, {"", "0"}, {"   ", "0"}, {"a0", "33"}, {"C 3 ", "33"},
+        {"K0", "11"}, {"A-1", "-9"}, {"A1.5", "16"}, {"B0.25", "5"}, {"A3276.6", "32767"},
+        {"B", "mismatch"}, {"B3x", "mismatch"}, {" B0", "mismatch"}, {"A\t3", "mismatch"},
+        {"A4000", "overflow"}, {"A3276.7", "overflow"},  // the last step adds 1 and checks again
+    });
+
+    EXPECT_EQ(FieldName(w, 10) + FieldName(w, 11) + FieldName(w, 80), "J0A1J7");
+    const WorldState wide = MakeWorld(120, 2, "");  // columns past "Z" continue the code page
+    EXPECT_EQ(FieldName(wide, 27) + FieldName(wide, 153) + ColumnCharacter(108), "[0a1\xAD");
+    EXPECT_THROW(FieldName(MakeWorld(0, 3, ""), 1), RuleError);
+
+    struct Distance { const char *a, *b; std::int16_t scale; int distance; };
+    const Distance distances[] = {
+        {"A0", "C0", 5, 10}, {"A0", "B1", 2, 2}, {"D5", "C4", 5, 7}, {"A0", "D4", 4, 20},
+        {"A0", "A40", 5, 0},     // 200 x 200 is past 16 bits: the result stays 0
+        {"A 5", "A0", 5, 0},     // a blank ends the row number at once
+        {"", "C4", 5, 20},       // no first character: dx stays 0
+        {"A0", "C0", 20000, 2},  // the scaling overflows and is skipped
+        {"A2x", "A0", 3, 6},
+    };
+    for (const Distance& d : distances)
+        EXPECT_EQ(FieldDistance(d.a, d.b, d.scale), d.distance) << d.a << " " << d.b << " " << d.scale;
+
+    WorldState players = MakeWorld(3, 2, "NNNNNN");
+    AddPlayer(players, "Karel", "les", "A0");
+    AddPlayer(players, "Karel", "louka", "B0");
+    AddPlayer(players, "", "les", "C0");
+    EXPECT_EQ(std::tuple(PlayerIndex(players, "Karel"), PlayerIndex(players, "karel"), PlayerIndex(players, "Karel "),
+                         PlayerIndex(players, "")), std::tuple(1, 0, 0, 3));  // the first exact name
+}
+
+}  // namespace
+}  // namespace trelvin
