@@ -8,7 +8,7 @@
 
 #include "model/checked_math.h"
 #include "model/field_addressing.h"
-#include "view/field_inspection.h"
+#include "view/field_details.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace trelvin;
