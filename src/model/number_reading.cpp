@@ -56,6 +56,13 @@ std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
         if (expEnd > expPos) pos = expEnd;
     }
 
+    // Plain whole numbers, nearly every number of a replay, need no floating-point parse.
+    if (pos == intEnd && intEnd - mantissaStart <= 15) {
+        double whole = 0.0;
+        for (std::size_t i = mantissaStart; i < intEnd; ++i) whole = whole * 10.0 + (text[i] - '0');
+        return NumberPrefix{pos, negative ? -whole : whole};
+    }
+
     // from_chars takes no "+" and needs a digit before ".": give it a normalised copy.
     std::string digits(text.substr(mantissaStart, pos - mantissaStart));
     if (!digits.empty() && digits.front() == '.') digits.insert(digits.begin(), '0');
