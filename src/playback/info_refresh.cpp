@@ -7,17 +7,13 @@
 #include <QSignalBlocker>
 
 #include "model/checked_math.h"
-#include "model/text_encoding.h"
 #include "playback/clock_face.h"
 #include "playback/player_panel.h"
 #include "playback/time_text.h"
+#include "shell/core_text.h"
 #include "shell/frm_main.h"
 
 namespace {
-
-QString fromCore(const std::string& cp1250) {
-    return QString::fromStdString(trelvin::cp1250ToUtf8(cp1250));
-}
 
 constexpr std::uint32_t Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
     return red + 256 * green + 65536 * blue;
@@ -35,7 +31,7 @@ const trelvin::DateTime& eventTime(const trelvin::WorldState& world, int index) 
 }  // namespace
 
 void frmMain::change_info() {
-    lbl->setText(fromCore(world_.actionText).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    lbl->setText(trelvin::FromCore(world_.actionText).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     lblTah->setText(QStringLiteral("%1 (%2)").arg(position).arg(world_.eventCount));
     lblCas->setText(trelvin::GeneralDateText(world_.currentTime));
 
@@ -46,7 +42,7 @@ void frmMain::change_info() {
         cmbHraci->clear();
         for (int i = 1; i <= world_.lastPlayerIndex(); ++i) {
             const trelvin::Player& player = world_.players[i];
-            cmbHraci->addItem(fromCore(player.name + " (" + player.side + ")"));
+            cmbHraci->addItem(trelvin::FromCore(player.name + " (" + player.side + ")"));
         }
         cmbHraci->setCurrentIndex(remembered < cmbHraci->count() ? remembered : -1);
     }

@@ -1,6 +1,6 @@
 #include "playback/player_panel.h"
 
-#include "model/text_encoding.h"
+#include "shell/core_text.h"
 
 namespace trelvin {
 
@@ -14,7 +14,7 @@ PlayerPanelTexts PlayerPanelFor(const trelvin::WorldState& world, int playerInde
                QStringLiteral("/hod)");
     };
     return {hourly(player.moves, world.speed), hourly(player.nectar, player.nectarPerHour),
-            QString::fromStdString(cp1250ToUtf8(player.hqField)),
+            FromCore(player.hqField),
             QString::number(player.territory)};
 }
 

@@ -21,8 +21,8 @@
 
 #include "engine/event_executor.h"
 #include "model/field_addressing.h"
-#include "model/text_encoding.h"
 #include "playback/clock_face.h"
+#include "shell/core_text.h"
 #include "shell/twips.h"
 #include "view/map_grid.h"
 
@@ -212,7 +212,7 @@ void frmMain::connectHandlers() {
         connect(o[index], &QRadioButton::clicked, this, [this, index] { o_Click(index); });
     connect(grid, &trelvin::MapGrid::clicked, this, &frmMain::m_Click);
     grid->setFieldNames([this](int k) {
-        return QString::fromStdString(trelvin::cp1250ToUtf8(trelvin::FieldName(world_, k)));
+        return trelvin::FromCore(trelvin::FieldName(world_, k));
     });
     connect(txtPolicko, &QLineEdit::textChanged, this, &frmMain::txtPolicko_Change);
     connect(cmbHraci, &QComboBox::activated, this, &frmMain::cmbHraci_Click);

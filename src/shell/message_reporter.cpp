@@ -1,11 +1,9 @@
 #include "shell/message_reporter.h"
 
-#include "model/text_encoding.h"
+#include "shell/core_text.h"
 
 namespace trelvin {
 
-void MessageReporter::report(const std::string& text) {
-    messages_.showMessage(QString::fromStdString(cp1250ToUtf8(text)));
-}
+void MessageReporter::report(const std::string& text) { messages_.showMessage(FromCore(text)); }
 
 }  // namespace trelvin

@@ -17,7 +17,7 @@
 #include <QUrl>
 
 #include "model/replay_loader.h"
-#include "model/text_encoding.h"
+#include "shell/core_text.h"
 #include "shell/frm_main.h"
 #include "shell/twips.h"
 #include "view/map_grid.h"
@@ -66,7 +66,7 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
         updateButtons();
         cmdS->setEnabled(false);
     } catch (const std::exception& failure) {
-        services_.messages.showMessage(QString::fromStdString(trelvin::cp1250ToUtf8(failure.what())));
+        services_.messages.showMessage(trelvin::FromCore(failure.what()));
     }
 }
 

@@ -14,7 +14,7 @@
 
 #include "model/checked_math.h"
 #include "model/field_addressing.h"
-#include "model/text_encoding.h"
+#include "shell/core_text.h"
 #include "shell/twips.h"
 #include "view/field_pictures.h"
 
@@ -83,7 +83,7 @@ void MapGrid::build(int rows, int columns, double windowWidth) {
                                                              ") pole ovladacich prvku neexistuje");
         label.rect = QRectF(fields_[j - 1].rect.left(), first.top() - kFieldTemplateSize,
                             first.width(), first.height());
-        label.caption = QString::fromStdString(cp1250ToUtf8(ColumnCharacter(j - 1)));
+        label.caption = FromCore(ColumnCharacter(j - 1));
         label.visible = true;
     }
     for (int i = 1; i <= rows; ++i) {

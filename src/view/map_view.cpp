@@ -5,19 +5,11 @@
 #include <QRadioButton>
 
 #include "model/field_addressing.h"
-#include "model/text_encoding.h"
+#include "shell/core_text.h"
 #include "shell/frm_main.h"
 #include "view/field_details.h"
 #include "view/field_pictures.h"
 #include "view/map_grid.h"
-
-namespace {
-
-QString fromCore(const std::string& cp1250) {
-    return QString::fromStdString(trelvin::cp1250ToUtf8(cp1250));
-}
-
-}  // namespace
 
 trelvin::ViewMode frmMain::viewMode() const {
     if (o[0]->isChecked()) return trelvin::ViewMode::AsLouka;
@@ -32,7 +24,7 @@ void frmMain::Zobraz() {
 void frmMain::o_Click(int) { Zobraz(); }
 
 void frmMain::m_Click(int index) {
-    const QString name = fromCore(trelvin::FieldName(world_, index));
+    const QString name = trelvin::FromCore(trelvin::FieldName(world_, index));
     // A click on the field already named still refreshes the panel.
     if (txtPolicko->text() == name)
         txtPolicko_Change();
@@ -41,11 +33,11 @@ void frmMain::m_Click(int index) {
 }
 
 void frmMain::txtPolicko_Change() {
-    const std::string name = trelvin::utf8ToCp1250(txtPolicko->text().toStdString());
+    const std::string name = trelvin::ToCore(txtPolicko->text());
     const auto labels = trelvin::InspectField(world_, name, viewMode());
     if (!labels) return;
-    lblPVlastnik->setText(fromCore(labels->owner));
-    lblPTyp->setText(fromCore(labels->terrain));
-    lblPTypArmady->setText(fromCore(labels->armyType));
-    lblPPArmady->setText(fromCore(labels->armyCount));
+    lblPVlastnik->setText(trelvin::FromCore(labels->owner));
+    lblPTyp->setText(trelvin::FromCore(labels->terrain));
+    lblPTypArmady->setText(trelvin::FromCore(labels->armyType));
+    lblPPArmady->setText(trelvin::FromCore(labels->armyCount));
 }
