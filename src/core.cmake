@@ -1,4 +1,5 @@
 add_library(trelvin_core STATIC
+  model/action_keyword.cpp
   model/checked_math.cpp
   model/date_time.cpp
   model/number_reading.cpp
@@ -15,5 +16,6 @@ add_library(trelvin_core STATIC
   view/visibility.cpp
   view/field_pictures.cpp
   view/field_details.cpp
+  view/grid_layout.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -1,3 +1,10 @@
 add_executable(clock_and_date_tests playback/clock_and_date_test.cpp)
-target_link_libraries(clock_and_date_tests PRIVATE trelvin_playback_parts GTest::gtest_main)
+target_link_libraries(clock_and_date_tests PRIVATE trelvin_ui GTest::gtest_main)
 gtest_discover_tests(clock_and_date_tests DISCOVERY_TIMEOUT 30)
+
+# The playback alone, without a window.
+add_executable(playback_tests playback/playback_test.cpp)
+set_target_properties(playback_tests PROPERTIES AUTOMOC ON)
+target_link_libraries(playback_tests PRIVATE trelvin_ui Qt6::Test)
+add_test(NAME playback_tests COMMAND playback_tests)
+set_tests_properties(playback_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 120)

@@ -11,4 +11,4 @@ endfunction()
 
 trelvin_window_test(map_window_tests shell/map_window_test.cpp)
 trelvin_window_test(keyboard_and_drop_tests shell/keyboard_and_drop_test.cpp)
-trelvin_window_test(navigation_tests playback/navigation_test.cpp)
+trelvin_window_test(navigation_window_tests shell/navigation_window_test.cpp)

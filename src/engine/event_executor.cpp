@@ -1,35 +1,32 @@
 #include "engine/event_executor.h"
 
-#include <array>
 #include <exception>
-#include <string_view>
+#include <new>
 
 #include "engine/rules.h"
+#include "model/action_keyword.h"
 
 namespace trelvin {
 
 namespace {
 
-struct RuleEntry {
-    std::string_view action;
-    void (*apply)(RuleContext&);
-};
-
-// Compared in this order; the first match wins.
-constexpr std::array<RuleEntry, 12> kRules{{
-    {"create_world", &ApplyCreateWorld},
-    {"end_hld_fire", &ApplyEndHoldFire},
-    {"add_rounds", &ApplyAddRounds},
-    {"attack", &ApplyAttack},
-    {"move", &ApplyMove},
-    {"retreat", &ApplyRetreat},
-    {"start", &ApplyStart},
-    {"end", &ApplyEnd},
-    {"create_hq", &ApplyCreateHq},
-    {"convert_gnd", &ApplyConvertGround},
-    {"buy", &ApplyBuy},
-    {"trade", &ApplyTrade},
-}};
+void applyRule(Action action, RuleContext& ctx) {
+    switch (action) {
+        case Action::CreateWorld: return ApplyCreateWorld(ctx);
+        case Action::CreateHq: return ApplyCreateHq(ctx);
+        case Action::Start: return ApplyStart(ctx);
+        case Action::AddRounds: return ApplyAddRounds(ctx);
+        case Action::EndHoldFire: return ApplyEndHoldFire(ctx);
+        case Action::End: return ApplyEnd(ctx);
+        case Action::Attack: return ApplyAttack(ctx);
+        case Action::Move: return ApplyMove(ctx);
+        case Action::Retreat: return ApplyRetreat(ctx);
+        case Action::Buy: return ApplyBuy(ctx);
+        case Action::ConvertGround: return ApplyConvertGround(ctx);
+        case Action::Trade: return ApplyTrade(ctx);
+        case Action::Other: return;  // a keyword without a rule changes nothing
+    }
+}
 
 }  // namespace
 
@@ -42,14 +39,10 @@ void ExecuteEvent(WorldState& world, std::int16_t index, Reporter& reporter) {
     RuleContext ctx(world, index, reporter);
     try {
         world.currentTime = world.events[index].time;
-        const std::string& action = world.events[index].action;
-        for (const RuleEntry& rule : kRules) {
-            if (rule.action == action) {
-                rule.apply(ctx);
-                break;
-            }
-        }
+        applyRule(ActionOf(world.events[index].action), ctx);
     } catch (const EventStopped&) {
+    } catch (const std::bad_alloc&) {
+        reporter.report(std::string(kExecuteErrorPrefix) + "Nedostatek pameti");
     } catch (const std::exception& error) {
         reporter.report(std::string(kExecuteErrorPrefix) + error.what());
     }

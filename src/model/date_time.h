@@ -36,8 +36,6 @@ public:
     // "YYYY-MM-DDTHH:MM:SS"
     std::string iso() const;
 
-    std::int64_t secondsSinceEpoch() const { return seconds_; }
-
     auto operator<=>(const DateTime&) const = default;
 
 private:

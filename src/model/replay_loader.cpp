@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/action_keyword.h"
 #include "model/checked_math.h"
 #include "model/number_reading.h"
 #include "model/text_encoding.h"
@@ -132,6 +133,18 @@ DateTime nextFullHour(const DateTime& time) {
     return result;
 }
 
+// What the loader knows of the events it inserts, for one load.
+struct ImpliedEvents {
+    bool started = false;        // a "start" event is in the list
+    bool startInserted = false;  // the full roster was dealt with: a "start" inserted or read
+    bool startDue = false;       // the roster is full: a "start" goes before the next line's event
+    bool roundsDue = false;      // an event followed a start: check for passed full hours
+    bool holdEndDue = false;     // the protection day is over: its end goes before the next event
+    bool holdEnded = false;      // the end of the protection day has been inserted
+    std::int16_t hqCount = 0;    // "create_hq" lines read
+    DateTime holdEndTime;        // one day after the last "start"
+};
+
 class ReplayLoader {
 public:
     explicit ReplayLoader(WorldState& world) : world_(world) {}
@@ -177,12 +190,7 @@ private:
             readActionLine(trimmed);
         }
         lineNumber_ = 0;
-        if (lastEvent().action == "attack") {
-            ReplayEvent end;
-            end.time = lastEvent().time;
-            end.action = "end";
-            append(std::move(end));
-        }
+        if (lastEventIs(Action::Attack)) append(impliedEvent(Action::End, lastEvent().time));
         world_.eventCount = static_cast<std::int16_t>(world_.lastEventIndex());
         world_.loaded = true;
     }
@@ -222,51 +230,52 @@ private:
         for (std::size_t i = 1; i < fields.size(); ++i) fields[i] = trimSpaces(fields[i]);
         const DateTime lineTime = readTimeStamp(fields[0]);
 
-        if (started_ && lineTime > holdEndTime_ && lastEvent().action != "end_hld_fire" &&
-            !holdEnded_)
-            holdEndDue_ = true;
+        ImpliedEvents& implied = implied_;
+        if (implied.started && lineTime > implied.holdEndTime && !lastEventIs(Action::EndHoldFire) &&
+            !implied.holdEnded)
+            implied.holdEndDue = true;
         insertImpliedEvents(fields, lineTime);
 
         ReplayEvent event = buildEvent(fields, lineTime);
-        const bool isStart = event.action == "start";
-        const bool isHeadquarters = event.action == "create_hq";
+        const Action action = ActionOf(event.action);
         append(std::move(event));
-        if (isStart) {
-            started_ = true;
-            holdEndTime_ = lineTime.plusDays(1);
-        } else if (isHeadquarters) {
-            hqCount_ = checked16(int64_t{hqCount_} + 1);
+        if (action == Action::Start) {
+            implied.started = true;
+            implied.holdEndTime = lineTime.plusDays(1);
+        } else if (action == Action::CreateHq) {
+            implied.hqCount = checked16(int64_t{implied.hqCount} + 1);
         }
-        if (started_) roundsDue_ = true;
-        if (hqCount_ == world_.playerLimit && !startInserted_) startDue_ = true;
+        if (implied.started) implied.roundsDue = true;
+        if (implied.hqCount == world_.playerLimit && !implied.startInserted) implied.startDue = true;
     }
 
     void insertImpliedEvents(const std::vector<std::string_view>& fields, const DateTime& lineTime) {
+        ImpliedEvents& implied = implied_;
         while (true) {
-            if (startDue_) {
-                startDue_ = false;
-                startInserted_ = true;
-                started_ = true;
-                if (keyword(fields) != "start") {
+            if (implied.startDue) {
+                implied.startDue = false;
+                implied.startInserted = true;
+                implied.started = true;
+                if (ActionOf(keyword(fields)) != Action::Start) {
                     const DateTime time = lastEvent().time;
-                    append(impliedEvent("start", time));
-                    holdEndTime_ = time.plusDays(1);
+                    append(impliedEvent(Action::Start, time));
+                    implied.holdEndTime = time.plusDays(1);
                 }
-            } else if (roundsDue_) {
-                roundsDue_ = false;
-                if (lastEvent().action != "add_rounds" && world_.lastEventIndex() >= 2) {
+            } else if (implied.roundsDue) {
+                implied.roundsDue = false;
+                if (!lastEventIs(Action::AddRounds) && world_.lastEventIndex() >= 2) {
                     const DateTime t = nextFullHour(lastEvent().time);
                     if (t <= lineTime) {
                         const std::int64_t hours = lineTime.fullHour().hoursSince(t);
-                        ReplayEvent rounds = impliedEvent("add_rounds", t.plusHours(hours));
+                        ReplayEvent rounds = impliedEvent(Action::AddRounds, t.plusHours(hours));
                         rounds.amount = checked16(hours + 1);
                         append(std::move(rounds));
                     }
                 }
-            } else if (holdEndDue_) {
-                holdEndDue_ = false;
-                holdEnded_ = true;
-                append(impliedEvent("end_hld_fire", holdEndTime_));
+            } else if (implied.holdEndDue) {
+                implied.holdEndDue = false;
+                implied.holdEnded = true;
+                append(impliedEvent(Action::EndHoldFire, implied.holdEndTime));
             } else {
                 return;
             }
@@ -278,10 +287,10 @@ private:
         return fields[1];
     }
 
-    static ReplayEvent impliedEvent(const char* action, const DateTime& time) {
+    static ReplayEvent impliedEvent(Action action, const DateTime& time) {
         ReplayEvent event;
         event.time = time;
-        event.action = action;
+        event.action = std::string(KeywordOf(action));
         return event;
     }
 
@@ -293,7 +302,6 @@ private:
         ReplayEvent event;
         event.time = lineTime;
         event.action = std::string(keyword(fields));
-        const std::string_view action = event.action;
         const auto need = [&](std::size_t count) {
             if (fields.size() < count)
                 throw LoadFailure{"akce '" + event.action + "' potrebuje " +
@@ -302,47 +310,60 @@ private:
         };
         const auto text = [&](std::size_t i) { return std::string(fields[i]); };
 
-        if (action == "create_world") {
-            need(3);
-            event.place = text(2);
-        } else if (action == "attack") {
-            need(7);
-            event.place = text(2);
-            event.target = text(3);
-            event.amount = leading(fields[4]);
-            event.success = leading(fields[5]) != 0;
-            event.survivors = leading(fields[6]);
-        } else if (action == "move" || action == "trade") {
-            need(5);
-            event.place = text(2);
-            event.target = text(3);
-            event.amount = strict(fields[4]);
-        } else if (action == "retreat") {
-            need(4);
-            event.place = text(2);
-            event.amount = strict(fields[3]);
-        } else if (action == "buy") {
-            need(5);
-            event.place = text(2);
-            event.armyType = text(3);
-            event.amount = leading(fields[4]);
-        } else if (action == "convert_gnd") {
-            need(4);
-            event.place = text(2);
-            event.target = text(3);
-        } else if (action == "create_hq") {
-            need(5);
-            event.playerName = text(2);
-            event.target = text(3);
-            event.place = text(4);
-        } else if (action == "end") {
-            need(3);
-            event.playerName = text(2);
+        switch (ActionOf(event.action)) {
+            case Action::CreateWorld:
+                need(3);
+                event.place = text(2);
+                break;
+            case Action::Attack:
+                need(7);
+                event.place = text(2);
+                event.target = text(3);
+                event.amount = leading(fields[4]);
+                event.success = leading(fields[5]) != 0;
+                event.survivors = leading(fields[6]);
+                break;
+            case Action::Move:
+            case Action::Trade:
+                need(5);
+                event.place = text(2);
+                event.target = text(3);
+                event.amount = strict(fields[4]);
+                break;
+            case Action::Retreat:
+                need(4);
+                event.place = text(2);
+                event.amount = strict(fields[3]);
+                break;
+            case Action::Buy:
+                need(5);
+                event.place = text(2);
+                event.armyType = text(3);
+                event.amount = leading(fields[4]);
+                break;
+            case Action::ConvertGround:
+                need(4);
+                event.place = text(2);
+                event.target = text(3);
+                break;
+            case Action::CreateHq:
+                need(5);
+                event.playerName = text(2);
+                event.target = text(3);
+                event.place = text(4);
+                break;
+            case Action::End:
+                need(3);
+                event.playerName = text(2);
+                break;
+            default:  // "start" and keywords outside the table carry only time and keyword
+                break;
         }
         return event;
     }
 
     const ReplayEvent& lastEvent() const { return world_.events.back(); }
+    bool lastEventIs(Action action) const { return ActionOf(lastEvent().action) == action; }
 
     void append(ReplayEvent event) {
         if (world_.lastEventIndex() >= kMaxEvents)
@@ -355,14 +376,7 @@ private:
     std::string decodedLine_;
     std::vector<std::string_view> fields_;
     int lineNumber_ = 0;
-    bool started_ = false;
-    bool startInserted_ = false;
-    bool startDue_ = false;
-    bool roundsDue_ = false;
-    bool holdEndDue_ = false;
-    bool holdEnded_ = false;
-    std::int16_t hqCount_ = 0;
-    DateTime holdEndTime_;
+    ImpliedEvents implied_;
 };
 
 }  // namespace

@@ -1,56 +1,42 @@
 #include "model/text_encoding.h"
 
-#include <iconv.h>
-
 #include <array>
 #include <cstdint>
-#include <unordered_map>
+#include <optional>
 
 namespace trelvin {
 
 namespace {
 
-using CodeTable = std::array<char32_t, 256>;
+// Characters of the bytes 0x80 to 0xFF; the five bytes Windows-1250 leaves undefined keep
+// their own code (the C1 controls).
+constexpr std::array<char32_t, 128> kUpperHalf{
+    0x20AC, 0x0081, 0x201A, 0x0083, 0x201E, 0x2026, 0x2020, 0x2021,  // 0x80
+    0x0088, 0x2030, 0x0160, 0x2039, 0x015A, 0x0164, 0x017D, 0x0179,  // 0x88
+    0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 0x90
+    0x0098, 0x2122, 0x0161, 0x203A, 0x015B, 0x0165, 0x017E, 0x017A,  // 0x98
+    0x00A0, 0x02C7, 0x02D8, 0x0141, 0x00A4, 0x0104, 0x00A6, 0x00A7,  // 0xA0
+    0x00A8, 0x00A9, 0x015E, 0x00AB, 0x00AC, 0x00AD, 0x00AE, 0x017B,  // 0xA8
+    0x00B0, 0x00B1, 0x02DB, 0x0142, 0x00B4, 0x00B5, 0x00B6, 0x00B7,  // 0xB0
+    0x00B8, 0x0105, 0x015F, 0x00BB, 0x013D, 0x02DD, 0x013E, 0x017C,  // 0xB8
+    0x0154, 0x00C1, 0x00C2, 0x0102, 0x00C4, 0x0139, 0x0106, 0x00C7,  // 0xC0
+    0x010C, 0x00C9, 0x0118, 0x00CB, 0x011A, 0x00CD, 0x00CE, 0x010E,  // 0xC8
+    0x0110, 0x0143, 0x0147, 0x00D3, 0x00D4, 0x0150, 0x00D6, 0x00D7,  // 0xD0
+    0x0158, 0x016E, 0x00DA, 0x0170, 0x00DC, 0x00DD, 0x0162, 0x00DF,  // 0xD8
+    0x0155, 0x00E1, 0x00E2, 0x0103, 0x00E4, 0x013A, 0x0107, 0x00E7,  // 0xE0
+    0x010D, 0x00E9, 0x0119, 0x00EB, 0x011B, 0x00ED, 0x00EE, 0x010F,  // 0xE8
+    0x0111, 0x0144, 0x0148, 0x00F3, 0x00F4, 0x0151, 0x00F6, 0x00F7,  // 0xF0
+    0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9,  // 0xF8
+};
 
-// Decodes one byte with the system's converter; undefined bytes keep their own code.
-char32_t decodeByte(iconv_t converter, unsigned char byte) {
-    char in[1] = {static_cast<char>(byte)};
-    unsigned char out[4] = {};
-    char* inPtr = in;
-    char* outPtr = reinterpret_cast<char*>(out);
-    std::size_t inLeft = 1;
-    std::size_t outLeft = sizeof out;
-    iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    if (iconv(converter, &inPtr, &inLeft, &outPtr, &outLeft) == static_cast<std::size_t>(-1) ||
-        outLeft != 0)
-        return byte;
-    return static_cast<char32_t>(out[0]) << 24 | static_cast<char32_t>(out[1]) << 16 |
-           static_cast<char32_t>(out[2]) << 8 | out[3];
-}
+char32_t decodeByte(unsigned char byte) { return byte < 0x80 ? byte : kUpperHalf[byte - 0x80]; }
 
-const CodeTable& cp1250Table() {
-    static const CodeTable table = [] {
-        CodeTable codes{};
-        for (int b = 0; b < 256; ++b) codes[b] = static_cast<char32_t>(b);
-        iconv_t converter = iconv_open("UTF-32BE", "CP1250");
-        if (converter != reinterpret_cast<iconv_t>(-1)) {
-            for (int b = 0x80; b < 256; ++b)
-                codes[b] = decodeByte(converter, static_cast<unsigned char>(b));
-            iconv_close(converter);
-        }
-        return codes;
-    }();
-    return table;
-}
-
-const std::unordered_map<char32_t, char>& reverseTable() {
-    static const std::unordered_map<char32_t, char> table = [] {
-        std::unordered_map<char32_t, char> bytes;
-        const CodeTable& codes = cp1250Table();
-        for (int b = 0; b < 256; ++b) bytes.emplace(codes[b], static_cast<char>(b));
-        return bytes;
-    }();
-    return table;
+// The byte of a character, or nothing when Windows-1250 lacks it.
+std::optional<char> encodeCharacter(char32_t code) {
+    if (code < 0x80) return static_cast<char>(code);
+    for (std::size_t i = 0; i < kUpperHalf.size(); ++i)
+        if (kUpperHalf[i] == code) return static_cast<char>(0x80 + i);
+    return std::nullopt;
 }
 
 void appendUtf8(std::string& out, char32_t code) {
@@ -101,15 +87,13 @@ std::size_t decodeUtf8(std::string_view text, std::size_t pos, char32_t& code) {
 }  // namespace
 
 std::string cp1250ToUtf8(std::string_view cp1250) {
-    const CodeTable& codes = cp1250Table();
     std::string out;
     out.reserve(cp1250.size());
-    for (char c : cp1250) appendUtf8(out, codes[static_cast<unsigned char>(c)]);
+    for (char c : cp1250) appendUtf8(out, decodeByte(static_cast<unsigned char>(c)));
     return out;
 }
 
 std::string utf8ToCp1250(std::string_view utf8) {
-    const auto& bytes = reverseTable();
     std::string out;
     out.reserve(utf8.size());
     std::size_t pos = 0;
@@ -121,8 +105,7 @@ std::string utf8ToCp1250(std::string_view utf8) {
             ++pos;
             continue;
         }
-        const auto found = bytes.find(code);
-        out.push_back(found != bytes.end() ? found->second : '?');
+        out.push_back(encodeCharacter(code).value_or('?'));
         pos += length;
     }
     return out;

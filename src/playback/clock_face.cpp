@@ -2,77 +2,84 @@
 
 #include <QPainter>
 #include <QPalette>
-#include <cmath>
+
+#include "bridge/twips.h"
+#include "playback/clock_geometry.h"
 
 namespace trelvin {
 
 namespace {
 
-constexpr double kTwipsPerPixel = 15.0;
-constexpr int kOuterTwips = 975;
 constexpr int kBorderPixels = 2;
+
+constexpr std::uint32_t Rgb(std::uint32_t red, std::uint32_t green, std::uint32_t blue) {
+    return red + 256 * green + 65536 * blue;
+}
 
 QColor ColourOf(std::uint32_t rgb) {
     return QColor(int(rgb & 0xFF), int((rgb >> 8) & 0xFF), int((rgb >> 16) & 0xFF));
 }
+
+QPointF At(ClockPoint point) { return QPointF(point.x, point.y); }
 
 }  // namespace
 
 ClockFace::ClockFace(QWidget* parent) : QFrame(parent) {
     setFrameStyle(QFrame::Panel | QFrame::Sunken);
     setLineWidth(kBorderPixels);
-    const int side = int(kOuterTwips / kTwipsPerPixel);
-    resize(side, side);
     setBackgroundRole(QPalette::HighlightedText);
     setAutoFillBackground(true);
 }
 
-int ClockFace::scaleHeight() const {
-    return int(std::lround(contentsRect().height() * kTwipsPerPixel));
-}
+int ClockFace::scaleHeight() const { return contentsRect().height() * kTwipsPerPixel; }
 
 void ClockFace::clear() {
-    strokes_.clear();
+    dialShown_ = false;
+    time_.reset();
     update();
 }
 
-void ClockFace::drawDial(float marks, std::int16_t width, std::uint32_t colour) {
-    for (const ClockPoint& centre : DialMarks(marks, scaleHeight()))
-        strokes_.push_back({ClockStroke::Shape::Circle, centre, centre, width, colour});
+void ClockFace::setTime(const std::optional<QTime>& time) {
+    dialShown_ = true;
+    time_ = time;
     update();
 }
 
-void ClockFace::drawHand(float value, float turn, std::int16_t width, std::uint32_t colour) {
-    const int height = scaleHeight();
-    const ClockPoint end = HandEnd(value, turn, height);
-    strokes_.push_back({ClockStroke::Shape::Line, ClockCentre(height), end, width, colour});
-    update();
-}
-
+// Grey marks, one per hour; hours blue, minutes red, seconds light grey on top. The hands
+// move in whole steps: the hour hand does not advance with the minutes.
 void ClockFace::paintEvent(QPaintEvent* event) {
     QFrame::paintEvent(event);
+    if (!dialShown_) return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipRect(contentsRect());
-    const QPointF origin = contentsRect().topLeft();
-    const auto toPixels = [&origin](ClockPoint p) {
-        return origin + QPointF(p.x / kTwipsPerPixel, p.y / kTwipsPerPixel);
-    };
-    for (const ClockStroke& stroke : strokes_) {
-        const QColor colour = ColourOf(stroke.colour);
-        if (stroke.shape == ClockStroke::Shape::Line) {
-            painter.setPen(QPen(colour, stroke.width, Qt::SolidLine, Qt::RoundCap));
-            painter.drawLine(toPixels(stroke.from), toPixels(stroke.to));
-        } else {
-            // A circle this small stroked with a wide pen is a dot; a stroked outline would
-            // leave a hole in its middle, so it is filled instead.
-            const double radius = 1 / kTwipsPerPixel + stroke.width / 2.0;
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(colour);
-            painter.drawEllipse(toPixels(stroke.from), radius, radius);
-            painter.setBrush(Qt::NoBrush);
-        }
-    }
+    painter.translate(contentsRect().topLeft());
+    painter.scale(1.0 / kTwipsPerPixel, 1.0 / kTwipsPerPixel);
+    drawDial(painter, 24, 3, Rgb(100, 100, 100));
+    if (!time_) return;
+    drawHand(painter, static_cast<float>(time_->hour()), 24, 4, Rgb(0, 0, 255));
+    drawHand(painter, static_cast<float>(time_->minute()), 60, 2, Rgb(255, 0, 0));
+    drawHand(painter, static_cast<float>(time_->second()), 60, 1, Rgb(200, 200, 200));
+}
+
+// Each mark is a circle of radius 1 drawn with the line width, so it shows as a dot: filled,
+// since a stroked outline this small would leave a hole in its middle.
+void ClockFace::drawDial(QPainter& painter, float marks, std::int16_t width,
+                         std::uint32_t colour) const {
+    const double radius = 1 + width * kTwipsPerPixel / 2.0;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ColourOf(colour));
+    for (const ClockPoint& centre : DialMarks(marks, scaleHeight()))
+        painter.drawEllipse(At(centre), radius, radius);
+    painter.setBrush(Qt::NoBrush);
+}
+
+// Line widths are pixels whatever the scale.
+void ClockFace::drawHand(QPainter& painter, float value, float turn, std::int16_t width,
+                         std::uint32_t colour) const {
+    const int height = scaleHeight();
+    painter.setPen(QPen(ColourOf(colour), width * kTwipsPerPixel, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(At(ClockCentre(height)), At(HandEnd(value, turn, height)));
 }
 
 }  // namespace trelvin

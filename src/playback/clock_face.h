@@ -1,46 +1,44 @@
 #pragma once
-// The picture box pHod: a 24-hour clock face. Drawing calls are recorded in scale units
-// (twips) and painted scaled to pixels, so the face stays sharp at any pixel density.
-#include <QFrame>
+// The picture box pHod: a 24-hour clock face. It is given the time to show and paints the
+// dial and the hands itself, in scale units (twips) scaled to pixels, so the face stays sharp
+// at any pixel density.
 #include <cstdint>
-#include <vector>
+#include <optional>
 
-#include "playback/clock_geometry.h"
+#include <QFrame>
+#include <QTime>
+
+class QPainter;
 
 namespace trelvin {
-
-// One drawn primitive. A line runs from `from` to `to`; a circle of radius 1 scale unit sits
-// at `from` (and `to` equals `from`). The width is in pixels; the colour is r + 256g + 65536b.
-struct ClockStroke {
-    enum class Shape { Line, Circle };
-    Shape shape;
-    ClockPoint from;
-    ClockPoint to;
-    std::int16_t width;
-    std::uint32_t colour;
-    bool operator==(const ClockStroke&) const = default;
-};
 
 class ClockFace : public QFrame {
     Q_OBJECT
 
 public:
+    // The box is 975 x 975 twips outside.
+    static constexpr int kSizeTwips = 975;
+
     explicit ClockFace(QWidget* parent = nullptr);
 
-    // The inner height in scale units, rounded: 915 for the box's own 975 x 975 twips.
+    // The inner height in scale units, rounded: 915 for the box's own size.
     int scaleHeight() const;
 
+    // An empty face.
     void clear();
-    void drawDial(float marks, std::int16_t width, std::uint32_t colour);
-    void drawHand(float value, float turn, std::int16_t width, std::uint32_t colour);
-
-    const std::vector<ClockStroke>& strokes() const { return strokes_; }
+    // The dial with the hands at `time`; without a time, the dial alone.
+    void setTime(const std::optional<QTime>& time);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    std::vector<ClockStroke> strokes_;
+    void drawDial(QPainter& painter, float marks, std::int16_t width, std::uint32_t colour) const;
+    void drawHand(QPainter& painter, float value, float turn, std::int16_t width,
+                  std::uint32_t colour) const;
+
+    bool dialShown_ = false;
+    std::optional<QTime> time_;
 };
 
 }  // namespace trelvin

@@ -19,11 +19,8 @@
 #include <QShortcut>
 #include <QTimer>
 
-#include "engine/event_executor.h"
-#include "model/field_addressing.h"
+#include "bridge/twips.h"
 #include "playback/clock_face.h"
-#include "shell/core_text.h"
-#include "shell/twips.h"
 #include "view/map_grid.h"
 
 using trelvin::PlaceByTwips;
@@ -93,7 +90,8 @@ static void loadAssets() { Q_INIT_RESOURCE(assets); }
 frmMain::frmMain(trelvin::WorldState& world, trelvin::WindowServices services, QWidget* parent)
     : QMainWindow(parent), world_(world), services_(std::move(services)),
       reporter_(services_.messages) {
-    if (!services_.applyEvent) services_.applyEvent = &trelvin::ExecuteEvent;
+    playback = new trelvin::Playback(world_, reporter_, services_.applyEvent, this);
+    tSlide = playback->timer();
     loadAssets();
     substituteDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
@@ -145,7 +143,7 @@ void frmMain::buildControls() {
 
     lblTah = makeLabel(client, "0", Qt::AlignHCenter, 2760, 600, 975, 255);
     pHod = new trelvin::ClockFace(client);
-    PlaceByTwips(pHod, 120, 960, 975, 975);
+    PlaceByTwips(pHod, 120, 960, trelvin::ClockFace::kSizeTwips, trelvin::ClockFace::kSizeTwips);
     lblCas = makeLabel(client, "", Qt::AlignHCenter, 1200, 840, 5295, 375);
     lblCas->setObjectName(QStringLiteral("lblCas"));
     lbl = makeLabel(client, "", Qt::AlignHCenter, 1200, 1200, 5295, 855);
@@ -196,8 +194,7 @@ void frmMain::buildControls() {
     makeLabel(Frame1, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335, 255);
     lblPPArmady = makeLabel(Frame1, "", Qt::AlignRight, 1320, 1200, 1455, 255);
 
-    grid = new trelvin::MapGrid(client);
-    tSlide = new QTimer(this);
+    grid = new trelvin::MapGrid(world_, client);
 
     resize(TwipsToPixels(kDesignedClientWidth),
            menuBar()->sizeHint().height() + TwipsToPixels(kDesignedClientHeight));
@@ -211,9 +208,6 @@ void frmMain::connectHandlers() {
     for (int index = 0; index < 3; ++index)
         connect(o[index], &QRadioButton::clicked, this, [this, index] { o_Click(index); });
     connect(grid, &trelvin::MapGrid::clicked, this, &frmMain::m_Click);
-    grid->setFieldNames([this](int k) {
-        return trelvin::FromCore(trelvin::FieldName(world_, k));
-    });
     connect(txtPolicko, &QLineEdit::textChanged, this, &frmMain::txtPolicko_Change);
     connect(cmbHraci, &QComboBox::activated, this, &frmMain::cmbHraci_Click);
     connect(cmbHraci->lineEdit(), &QLineEdit::textEdited, this, &frmMain::cmbHraci_Change);
@@ -229,7 +223,8 @@ void frmMain::connectHandlers() {
     connect(cmdD, &QPushButton::clicked, this, &frmMain::cmdD_Click);
     connect(cmdRD, &QPushButton::clicked, this, &frmMain::cmdRD_Click);
     connect(cmdSEnd, &QPushButton::clicked, this, &frmMain::cmdSEnd_Click);
-    connect(tSlide, &QTimer::timeout, this, &frmMain::onSlideTimerTick);
+    connect(playback, &trelvin::Playback::moved, this, &frmMain::refreshAfterMove);
+    connect(playback, &trelvin::Playback::buttonsChanged, this, &frmMain::showButtonStates);
 }
 
 QPushButton* frmMain::buttonForKey(int key) const {
@@ -287,23 +282,4 @@ void frmMain::mnuKonecItem_Click() { QApplication::quit(); }
 
 int frmMain::outerWidthTwips() const {
     return trelvin::PixelsToTwips(frameGeometry().width());
-}
-
-void frmMain::applyEvent(std::int16_t index) { services_.applyEvent(world_, index, reporter_); }
-
-frmMain::StepGuard::StepGuard(frmMain& window) : window_(window) { ++window_.stepDepth_; }
-
-frmMain::StepGuard::~StepGuard() {
-    if (--window_.stepDepth_ > 0 || !window_.tickPending_) return;
-    window_.tickPending_ = false;
-    QTimer::singleShot(0, &window_, &frmMain::onSlideTimerTick);
-}
-
-void frmMain::onSlideTimerTick() {
-    if (!tSlide->isActive()) return;
-    if (stepDepth_ > 0) {
-        tickPending_ = true;
-        return;
-    }
-    tSlide_Timer();
 }

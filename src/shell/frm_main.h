@@ -1,15 +1,16 @@
 #pragma once
-// The main window: every control of the viewer, the open flow, and the handlers of the map,
-// the navigation, the slide show and the position display (each group in its own .cpp).
+// The main window: every control of the viewer and their handlers. The handlers are thin:
+// moving through the replay is the playback's, drawing the map the map grid's, the clock the
+// clock face's; the window wires them to its controls and runs the open flow.
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 #include <QMainWindow>
 #include <QString>
 
 #include "model/world_state.h"
+#include "playback/playback.h"
 #include "shell/message_reporter.h"
 #include "shell/message_service.h"
 #include "shell/open_file_service.h"
@@ -30,9 +31,6 @@ class QTimer;
 namespace trelvin {
 class ClockFace;
 class MapGrid;
-
-// Applies one event of the list; the executor in the program, a recording one in tests.
-using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
 
 struct WindowServices {
     MessageService& messages;
@@ -92,13 +90,9 @@ public:
 
     // The field pictures m(1..) and the grid labels l(1..).
     trelvin::MapGrid* grid;
+    // The position in the event list and the slide show; tSlide is its timer.
+    trelvin::Playback* playback;
     QTimer* tSlide;
-
-    // Index of the event applied last; 0 before the first replay is opened.
-    std::int16_t position = 0;
-    bool atBegin = false;
-    bool atEnd = false;
-    bool slideForward = false;
 
 public slots:
     void Form_Load();
@@ -137,19 +131,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    // Marks a handler that applies events or shows message boxes; a slide-show tick that
-    // falls due meanwhile waits until the outermost one ends, and runs at most once.
-    class StepGuard {
-    public:
-        explicit StepGuard(frmMain& window);
-        ~StepGuard();
-        StepGuard(const StepGuard&) = delete;
-        StepGuard& operator=(const StepGuard&) = delete;
-
-    private:
-        frmMain& window_;
-    };
-
     void buildControls();
     void setTabOrderByLayout();
     void connectHandlers();
@@ -158,16 +139,14 @@ private:
     QPushButton* buttonForKey(int key) const;
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
-    void onSlideTimerTick();
     void growToShowGrid();
-    void applyEvent(std::int16_t index);
+    // The refresh after every move: texts, clock and players, then the map.
     void refreshAfterMove();
+    void showButtonStates();
     trelvin::ViewMode viewMode() const;
 
     trelvin::WorldState& world_;
     trelvin::WindowServices services_;
     trelvin::MessageReporter reporter_;
     QString fileName_;
-    int stepDepth_ = 0;
-    bool tickPending_ = false;
 };

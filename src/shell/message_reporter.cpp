@@ -1,6 +1,6 @@
 #include "shell/message_reporter.h"
 
-#include "shell/core_text.h"
+#include "bridge/core_text.h"
 
 namespace trelvin {
 

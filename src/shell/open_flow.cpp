@@ -16,10 +16,11 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "bridge/core_text.h"
+#include "bridge/twips.h"
 #include "model/replay_loader.h"
-#include "shell/core_text.h"
+#include "playback/playback.h"
 #include "shell/frm_main.h"
-#include "shell/twips.h"
 #include "view/map_grid.h"
 
 namespace {
@@ -49,22 +50,20 @@ void frmMain::dropEvent(QDropEvent* event) {
 void frmMain::mnuOtevritItem_Click() { runOpenFlow(std::nullopt); }
 
 void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
-    StepGuard guard(*this);
     // No tick may step a replay whose grid is being replaced.
-    tSlide->stop();
+    playback->halt();
     try {
         grid->unloadAll();
         if (auto chosen = dropped ? dropped : services_.files.chooseFile(fileName_))
             fileName_ = *chosen;
         trelvin::LoadReplay(world_, QFile::encodeName(fileName_).toStdString(), reporter_);
-        position = 1;
-        applyEvent(position);
+        playback->openAtFirstEvent();
         RefreshAr();
         txtPolicko->setEnabled(true);
         cmbHraci->setEnabled(true);
         change_info();
         updateButtons();
-        cmdS->setEnabled(false);
+        playback->disableStop();
     } catch (const std::exception& failure) {
         services_.messages.showMessage(trelvin::FromCore(failure.what()));
     }
@@ -78,7 +77,7 @@ void frmMain::RefreshAr() {
 // The grid keeps the place its formula gives it; the window grows to show it whole where
 // the screen has room.
 void frmMain::growToShowGrid() {
-    const QRectF content = grid->contentRect();
+    const trelvin::GridRect content = grid->layout().bounds();
     if (content.isEmpty()) return;
     const int margin = trelvin::TwipsToPixels(120);
     const int clientWidth = trelvin::TwipsToPixels(static_cast<int>(content.right())) + margin;

@@ -48,10 +48,8 @@ std::optional<FieldInspection> InspectField(const WorldState& world, std::string
     if (tile.owner.empty()) return FieldInspection{"", "volne uzemi", "", ""};
 
     const std::string& side = world.players[PlayerIndex(world, tile.owner)].side;
-    const bool armyHidden = (mode == ViewMode::AsLes && side == "louka") ||
-                            (mode == ViewMode::AsLouka && side == "les");
     FieldInspection labels{std::string(TerrainName(tile.terrain)), tile.owner, "neznamy", "neznamo"};
-    if (!armyHidden) {
+    if (!ArmyHiddenFrom(mode, side)) {
         labels.armyType = tile.armyType;
         labels.armyCount = std::to_string(tile.armyCount);
     }

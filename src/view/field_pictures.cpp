@@ -36,6 +36,11 @@ std::string_view ViewSide(ViewMode mode) {
     return "";
 }
 
+bool ArmyHiddenFrom(ViewMode mode, std::string_view ownerSide) {
+    return (mode == ViewMode::AsLes && ownerSide == "louka") ||
+           (mode == ViewMode::AsLouka && ownerSide == "les");
+}
+
 int ChoosePicture(WorldState& world, int k, ViewMode mode) {
     if (k < 1 || k > world.lastTileIndex()) return picture::kHidden;
     Tile& tile = world.tiles[k];
@@ -49,8 +54,9 @@ int ChoosePicture(WorldState& world, int k, ViewMode mode) {
     if (result == 0) return picture::kFreeLand;
     if (owner.side == "louka") result += 6;
 
-    const bool marksShown = (owner.side == "les" && mode != ViewMode::AsLouka) ||
-                            (owner.side == "louka" && mode != ViewMode::AsLes);
+    // Only the two sides' players get the army and headquarters pictures.
+    const bool marksShown =
+        (owner.side == "les" || owner.side == "louka") && !ArmyHiddenFrom(mode, owner.side);
     if (marksShown) {
         if (tile.armyCount > 0) result += 1;
         if (isHeadquartersOf(world, owner, k)) result = picture::kHeadquarters;

@@ -15,6 +15,10 @@ enum class ViewMode { AsLouka = 0, AsLes = 1, All = 2 };
 // Side whose sight a way of viewing shows: "louka", "les", or "" for everything.
 std::string_view ViewSide(ViewMode mode);
 
+// Whether a way of viewing hides the armies and headquarters of players of `ownerSide`: seen
+// as one side, the other side's are hidden. A side other than "les" and "louka" hides nothing.
+bool ArmyHiddenFrom(ViewMode mode, std::string_view ownerSide);
+
 // Picture indexes of the image list (1-based).
 namespace picture {
 inline constexpr int kHidden = 1;

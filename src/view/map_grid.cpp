@@ -1,127 +1,66 @@
 #include "view/map_grid.h"
 
-#include <algorithm>
 #include <cmath>
 #include <exception>
-#include <string>
 #include <utility>
 
-#include <QMouseEvent>
-#include <QPainter>
 #include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QToolTip>
 
-#include "model/checked_math.h"
+#include "bridge/core_text.h"
+#include "bridge/twips.h"
 #include "model/field_addressing.h"
-#include "shell/core_text.h"
-#include "shell/twips.h"
-#include "view/field_pictures.h"
 
 namespace trelvin {
 
 namespace {
 
-// The first row starts 2950 twips down; the column characters fill the band above it.
-constexpr int kFirstRowTop = 2650;
-
-int floorToPixels(double twips) {
-    return static_cast<int>(std::floor(twips / kTwipsPerPixel));
-}
+int floorToPixels(double twips) { return static_cast<int>(std::floor(twips / kTwipsPerPixel)); }
 
 }  // namespace
 
-MapGrid::MapGrid(QWidget* parent) : QWidget(parent), labelFont_(QStringLiteral("MS Sans Serif"), 12) {
-    pictures_.resize(picture::kCount + 1);
+MapGrid::MapGrid(WorldState& world, QWidget* parent)
+    : QWidget(parent), world_(world), labelFont_(QStringLiteral("MS Sans Serif"), 12) {
+    images_.resize(picture::kCount + 1);
     for (int index = 1; index <= picture::kCount; ++index)
-        pictures_[index] = QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
+        images_[index] = QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
     hide();
 }
 
 void MapGrid::unloadAll() {
-    fields_.clear();
-    labels_.clear();
+    layout_.clear();
+    pictures_.clear();
     pressedField_ = 0;
     fitToContent();
-}
-
-const MapGrid::Field& MapGrid::firstField() const {
-    if (fields_.empty())
-        throw RuleError(RuleError::Kind::OutOfRange, "Prvek m(1) pole ovladacich prvku neexistuje");
-    return fields_.front();
-}
-
-MapGrid::Label& MapGrid::loadLabel() {
-    labels_.emplace_back();
-    return labels_.back();
 }
 
 void MapGrid::build(int rows, int columns, double windowWidth) {
     // Whatever was loaded before a failure stays, as the window shows it.
     struct RefitOnExit {
         MapGrid& grid;
-        ~RefitOnExit() { grid.fitToContent(); }
-    } refit{*this};
-
-    for (int i = 1; i <= rows; ++i) {
-        for (int j = 1; j <= columns; ++j) {
-            checked16(std::int64_t{i - 1} * columns + j);  // the field's index is 16-bit too
-            Field& field = fields_.emplace_back();
-            const std::int16_t top = checked16(std::int64_t{300} * i + kFirstRowTop);
-            const std::int16_t columnOffset = checked16(std::int64_t{300} * j);
-            const float left = static_cast<float>(windowWidth) / 2.0f + columnOffset - 150.0f;
-            field.rect = QRectF(left, top, kFieldTemplateSize, kFieldTemplateSize);
-            field.visible = true;
-            field.picture = picture::kFreeLand;
+        ~RefitOnExit() {
+            grid.pictures_.resize(grid.layout_.fields().size(), picture::kFreeLand);
+            grid.fitToContent();
         }
-    }
-    for (int j = 1; j <= columns; ++j) {
-        Label& label = loadLabel();
-        const QRectF first = firstField().rect;
-        if (j > fieldCount())
-            throw RuleError(RuleError::Kind::OutOfRange, "Prvek m(" + std::to_string(j) +
-                                                             ") pole ovladacich prvku neexistuje");
-        label.rect = QRectF(fields_[j - 1].rect.left(), first.top() - kFieldTemplateSize,
-                            first.width(), first.height());
-        label.caption = FromCore(ColumnCharacter(j - 1));
-        label.visible = true;
-    }
-    for (int i = 1; i <= rows; ++i) {
-        Label& label = loadLabel();
-        const QRectF first = firstField().rect;
-        const int rowStart = (i - 1) * columns + 1;
-        if (rowStart > fieldCount())
-            throw RuleError(RuleError::Kind::OutOfRange, "Prvek m(" + std::to_string(rowStart) +
-                                                             ") pole ovladacich prvku neexistuje");
-        label.rect = QRectF(first.left() - first.width(), fields_[rowStart - 1].rect.top(),
-                            first.width(), first.height());
-        label.caption = QString::number(i - 1);
-        label.visible = true;
-    }
+    } refit{*this};
+    layout_.build(rows, columns, windowWidth);
 }
 
-void MapGrid::setPictures(const std::vector<int>& pictures) {
-    const std::size_t count = std::min(pictures.size(), fields_.size());
-    for (std::size_t index = 0; index < count; ++index) fields_[index].picture = pictures[index];
+void MapGrid::redraw(ViewMode mode) {
+    pictures_ = RedrawPictures(world_, mode, fieldCount());
     update();
 }
 
-QRectF MapGrid::contentRect() const {
-    QRectF bounds;
-    for (const Field& field : fields_)
-        if (field.visible) bounds = bounds.united(field.rect);
-    for (const Label& label : labels_)
-        if (label.visible) bounds = bounds.united(label.rect);
-    return bounds;
-}
-
 void MapGrid::fitToContent() {
-    const QRectF bounds = contentRect();
+    const GridRect bounds = layout_.bounds();
     if (bounds.isEmpty()) {
         hide();
         return;
     }
-    const QPoint topLeft(floorToPixels(bounds.left()), floorToPixels(bounds.top()));
+    const QPoint topLeft(floorToPixels(bounds.left), floorToPixels(bounds.top));
     const QPoint bottomRight(floorToPixels(bounds.right()), floorToPixels(bounds.bottom()));
     originTwips_ = topLeft * kTwipsPerPixel;
     setGeometry(QRect(topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())));
@@ -129,10 +68,9 @@ void MapGrid::fitToContent() {
     update();
 }
 
-QRect MapGrid::toWidgetPixels(const QRectF& twips) const {
-    const int left = floorToPixels(twips.left() - originTwips_.x());
-    const int top = floorToPixels(twips.top() - originTwips_.y());
-    return QRect(left, top, floorToPixels(twips.width()), floorToPixels(twips.height()));
+QRect MapGrid::toWidgetPixels(const GridRect& twips) const {
+    return QRect(floorToPixels(twips.left - originTwips_.x()), floorToPixels(twips.top - originTwips_.y()),
+                 floorToPixels(twips.width), floorToPixels(twips.height));
 }
 
 void MapGrid::paintEvent(QPaintEvent* event) {
@@ -140,33 +78,30 @@ void MapGrid::paintEvent(QPaintEvent* event) {
     // Field pictures stay crisp when scaled to the device pixel ratio.
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     const QRect dirty = event->rect();
-    for (const Field& field : fields_) {
-        if (!field.visible) continue;
-        const QRect target = toWidgetPixels(field.rect);
+    const std::vector<GridField>& fields = layout_.fields();
+    for (std::size_t index = 0; index < fields.size(); ++index) {
+        if (!fields[index].visible) continue;
+        const QRect target = toWidgetPixels(fields[index].rect);
         if (!target.intersects(dirty)) continue;
-        const bool known = field.picture >= 1 && field.picture <= picture::kCount &&
-                           !pictures_[field.picture].isNull();
-        if (known)
-            painter.drawPixmap(target, pictures_[field.picture]);
+        const int shown = pictures_[index];
+        if (shown >= 1 && shown <= picture::kCount && !images_[shown].isNull())
+            painter.drawPixmap(target, images_[shown]);
         else
             painter.fillRect(target, Qt::darkGray);
     }
     painter.setFont(labelFont_);
     painter.setPen(palette().color(QPalette::WindowText));
-    for (const Label& label : labels_) {
+    for (const GridLabel& label : layout_.labels()) {
         if (!label.visible) continue;
         const QRect target = toWidgetPixels(label.rect);
-        if (target.intersects(dirty))
-            painter.drawText(target, Qt::AlignCenter, label.caption);
+        if (target.intersects(dirty)) painter.drawText(target, Qt::AlignCenter, FromCore(label.caption));
     }
 }
 
 int MapGrid::fieldAt(const QPoint& point) const {
-    for (int k = 1; k <= fieldCount(); ++k) {
-        const Field& field = fields_[k - 1];
-        if (field.visible && toWidgetPixels(field.rect).contains(point)) return k;
-    }
-    return 0;
+    // The pixel's centre, in twips of the window.
+    return layout_.fieldAt(originTwips_.x() + (point.x() + 0.5) * kTwipsPerPixel,
+                           originTwips_.y() + (point.y() + 0.5) * kTwipsPerPixel);
 }
 
 bool MapGrid::event(QEvent* event) {
@@ -174,9 +109,9 @@ bool MapGrid::event(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const int k = fieldAt(help->pos());
     QString name;
-    if (k != 0 && fieldNames_) {
+    if (k != 0) {
         try {
-            name = fieldNames_(k);
+            name = FromCore(FieldName(world_, k));
         } catch (const std::exception&) {
             // A map whose names cannot be made keeps its fields unnamed.
         }
@@ -186,7 +121,7 @@ bool MapGrid::event(QEvent* event) {
         event->ignore();
     } else {
         // Bound to the field, so the tooltip follows the pointer to the next field.
-        QToolTip::showText(help->globalPos(), name, this, toWidgetPixels(fields_[k - 1].rect));
+        QToolTip::showText(help->globalPos(), name, this, toWidgetPixels(layout_.fields()[k - 1].rect));
     }
     return true;
 }

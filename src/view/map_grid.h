@@ -1,15 +1,16 @@
 #pragma once
-// The map: one painted widget holding the field pictures m(1..) and the grid labels l(1..)
-// as plain per-element state, so that maps of ten thousand fields open and redraw at once.
-// Positions are twips of the window's client area; the widget covers their bounding box.
-#include <functional>
-#include <utility>
+// The map: one painted widget holding the field pictures m(1..) and the grid labels l(1..),
+// so that maps of ten thousand fields open and redraw at once. It is given the world once and
+// a way of viewing at each redraw, and paints the pictures that redraw chose. Positions are
+// twips of the window's client area; the widget covers their bounding box.
 #include <vector>
 
 #include <QPixmap>
-#include <QRectF>
-#include <QString>
 #include <QWidget>
+
+#include "model/world_state.h"
+#include "view/field_pictures.h"
+#include "view/grid_layout.h"
 
 namespace trelvin {
 
@@ -17,39 +18,24 @@ class MapGrid : public QWidget {
     Q_OBJECT
 
 public:
-    // The templates m(0) and l(0): a field is 300 x 300 twips, 20 x 20 pixels.
-    static constexpr int kFieldTemplateSize = 300;
-
-    explicit MapGrid(QWidget* parent = nullptr);
+    MapGrid(WorldState& world, QWidget* parent = nullptr);
 
     // Unloads m(1) .. and l(1) ..; the templates stay.
     void unloadAll();
 
-    // Builds the fields row by row, then the column characters, then the row numbers, with the
-    // window's outer width `windowWidth` in twips. Positions are 16-bit values: a map of 101
-    // rows or 110 columns throws an overflow, keeping the elements loaded until then.
+    // Builds the grid for a map of `rows` x `columns` with the window's outer width in twips;
+    // every field starts with the free-land picture. Throws at the grid's limits, keeping the
+    // elements loaded until then.
     void build(int rows, int columns, double windowWidth);
 
-    // Highest index of m, and field k (1-based) of it.
-    int fieldCount() const { return static_cast<int>(fields_.size()); }
-    QRectF fieldRect(int k) const { return fields_.at(k - 1).rect; }
-    bool fieldVisible(int k) const { return fields_.at(k - 1).visible; }
-    int fieldPicture(int k) const { return fields_.at(k - 1).picture; }
+    // Chooses every field's picture from the world in that way of viewing (which updates the
+    // fields' visibility in the world) and paints them.
+    void redraw(ViewMode mode);
 
-    // Pictures of fields 1 .. size of `pictures` (indexes of the 16 field pictures).
-    void setPictures(const std::vector<int>& pictures);
-
-    // Highest index of l, and label n (1-based) of it.
-    int labelCount() const { return static_cast<int>(labels_.size()); }
-    QString labelCaption(int n) const { return labels_.at(n - 1).caption; }
-    QRectF labelRect(int n) const { return labels_.at(n - 1).rect; }
-
-    // Names field k (1-based) for the tooltip of the field under the mouse pointer; a name
-    // that cannot be made shows no tooltip.
-    void setFieldNames(std::function<QString(int)> names) { fieldNames_ = std::move(names); }
-
-    // Bounding box in twips of everything shown; empty when nothing is.
-    QRectF contentRect() const;
+    const GridLayout& layout() const { return layout_; }
+    int fieldCount() const { return layout_.fieldCount(); }
+    // Picture of field k (1-based).
+    int fieldPicture(int k) const { return pictures_.at(k - 1); }
 
 signals:
     void clicked(int k);
@@ -61,30 +47,17 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    struct Field {
-        QRectF rect;
-        bool visible = false;
-        int picture = 0;
-    };
-    struct Label {
-        QRectF rect;
-        bool visible = false;
-        QString caption;
-    };
-
-    const Field& firstField() const;
-    Label& loadLabel();
     void fitToContent();
-    QRect toWidgetPixels(const QRectF& twips) const;
+    QRect toWidgetPixels(const GridRect& twips) const;
     int fieldAt(const QPoint& point) const;
 
-    std::vector<Field> fields_;
-    std::vector<Label> labels_;
-    std::vector<QPixmap> pictures_;  // entry 0 unused
+    WorldState& world_;
+    GridLayout layout_;
+    std::vector<int> pictures_;
+    std::vector<QPixmap> images_;  // entry 0 unused
     QFont labelFont_;
     QPoint originTwips_;
     int pressedField_ = 0;
-    std::function<QString(int)> fieldNames_;
 };
 
 }  // namespace trelvin

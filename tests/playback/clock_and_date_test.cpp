@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "playback/clock_geometry.h"
-#include "playback/time_text.h"
+#include "playback/position_texts.h"
 
 namespace trelvin {
 

@@ -94,7 +94,7 @@ private slots:
             t.window->mnuOtevritItem_Click();
             QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
             QCOMPARE(t.world.eventCount, events);
-            QCOMPARE(t.window->grid->fieldCount() + t.window->grid->labelCount(), fieldsAndLabels);
+            QCOMPARE(t.window->grid->fieldCount() + t.window->grid->layout().labelCount(), fieldsAndLabels);
             QCOMPARE(t.applies([&] { t.window->cmdEnd_Click(); }), Range(1, events));
             t.window->cmdBegin_Click();
             QCoreApplication::processEvents();

@@ -27,7 +27,8 @@ static bool drop(frmMain& w, const QList<QUrl>& urls) {
 
 // Asks the grid for the tooltip at the centre of field k.
 static QString hover(trelvin::MapGrid& grid, int k) {
-    const QPoint at = (grid.fieldRect(k).center() / 15).toPoint() - grid.pos();
+    const trelvin::GridRect& r = grid.layout().fields().at(k - 1).rect;
+    const QPoint at = (QRectF(r.left, r.top, r.width, r.height).center() / 15).toPoint() - grid.pos();
     QHelpEvent help(QEvent::ToolTip, at, grid.mapToGlobal(at));
     QApplication::sendEvent(&grid, &help);
     return QToolTip::text();

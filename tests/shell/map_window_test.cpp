@@ -1,6 +1,6 @@
 // The map in the window: the open flow that builds the grid, the view modes that set its
 // pictures, and the inspection panel filled by clicks and typed names.
-#include "shell/twips.h"
+#include "bridge/twips.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -11,6 +11,10 @@ static std::vector<std::string> BlankWorld(int columns, int rows) {
             "2004-06-19-08-00-00;create_world;" + std::string(std::size_t(rows * columns), 'N')};
 }
 
+static QRectF rectOf(const trelvin::GridRect& r) { return QRectF(r.left, r.top, r.width, r.height); }
+static QRectF fieldRect(const trelvin::MapGrid& grid, int k) { return rectOf(grid.layout().fields().at(k - 1).rect); }
+static QRectF labelRect(const trelvin::MapGrid& grid, int n) { return rectOf(grid.layout().labels().at(n - 1).rect); }
+
 static std::vector<int> pictures(const trelvin::MapGrid& grid) {
     std::vector<int> result;
     for (int k = 1; k <= grid.fieldCount(); ++k) result.push_back(grid.fieldPicture(k));
@@ -19,7 +23,7 @@ static std::vector<int> pictures(const trelvin::MapGrid& grid) {
 
 // A real mouse click on field k of the painted grid.
 static void clickField(trelvin::MapGrid& grid, int k) {
-    const QPoint centre = trelvin::TwipsToPixels(grid.fieldRect(k).toRect()).center();
+    const QPoint centre = trelvin::TwipsToPixels(fieldRect(grid, k).toRect()).center();
     QTest::mouseClick(&grid, Qt::LeftButton, {}, centre - grid.pos());
 }
 
@@ -42,12 +46,12 @@ private slots:
         QCOMPARE(grid.fieldCount(), 6);
         for (int k = 1; k <= 6; ++k) {
             const int i = (k - 1) / 3 + 1, j = (k - 1) % 3 + 1;
-            QCOMPARE(grid.fieldRect(k), QRectF(width / 2 + 300 * j - 150, 300 * i + 2650, 300, 300));
+            QCOMPARE(fieldRect(grid, k), QRectF(width / 2 + 300 * j - 150, 300 * i + 2650, 300, 300));
         }
-        QCOMPARE(grid.labelCount(), 5);
-        for (int n = 1; n <= 5; ++n) QCOMPARE(grid.labelCaption(n), QStringList({"A", "B", "C", "0", "1"})[n - 1]);
-        QCOMPARE(grid.labelRect(2), QRectF(grid.fieldRect(2).left(), 2650, 300, 300));
-        QCOMPARE(grid.labelRect(5), QRectF(grid.fieldRect(1).left() - 300, grid.fieldRect(4).top(), 300, 300));
+        QCOMPARE(grid.layout().labelCount(), 5);
+        for (int n = 1; n <= 5; ++n) QCOMPARE(QString::fromStdString(grid.layout().labels()[n - 1].caption), QStringList({"A", "B", "C", "0", "1"})[n - 1]);
+        QCOMPARE(labelRect(grid, 2), QRectF(fieldRect(grid, 2).left(), 2650, 300, 300));
+        QCOMPARE(labelRect(grid, 5), QRectF(fieldRect(grid, 1).left() - 300, fieldRect(grid, 4).top(), 300, 300));
         QCOMPARE(t.window->lblTah->text(), QString("1 (7)"));
     }
 
@@ -72,7 +76,7 @@ private slots:
             t.open("velky.trp", BlankWorld(columns, rows));
             QCOMPARE(t.messages.texts, overflows ? QStringList{"Preteceni (hodnota mimo povoleny rozsah)"} : QStringList{});
             QCOMPARE(t.window->grid->fieldCount(), rows * columns);
-            QCOMPARE(t.window->grid->labelCount(), overflows ? 0 : rows + columns);
+            QCOMPARE(t.window->grid->layout().labelCount(), overflows ? 0 : rows + columns);
             QCOMPARE(t.window->txtPolicko->isEnabled(), !overflows);
         }
     }

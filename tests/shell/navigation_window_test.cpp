@@ -32,7 +32,7 @@ private slots:
         w.cmdBegin_Click();
         w.cmdForw_Click();
         w.cmdZ_Click();  // backwards from 2
-        QVERIFY(w.position == 1 && w.tSlide->isActive() && !w.slideForward && w.tSlide->interval() == 5000);
+        QVERIFY(w.playback->position() == 1 && w.tSlide->isActive() && !w.playback->slideForward() && w.tSlide->interval() == 5000);
         w.tSlide_Timer();
         QVERIFY(!w.tSlide->isActive());
         w.ov[1]->click();
@@ -89,4 +89,4 @@ private slots:
 };
 
 QTEST_MAIN(NavigationTest)
-#include "navigation_test.moc"
+#include "navigation_window_test.moc"

@@ -1,7 +1,9 @@
-#include "playback/time_text.h"
+#include "playback/position_texts.h"
 
 #include <QDate>
 #include <QTime>
+
+#include "bridge/core_text.h"
 
 namespace trelvin {
 
@@ -22,7 +24,15 @@ QString WithoutTimeZone(const QString& format) {
 
 }  // namespace
 
-QString GeneralDateText(const trelvin::DateTime& t, const QLocale& locale) {
+QString ActionDescription(const WorldState& world) {
+    return FromCore(world.actionText).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+}
+
+QString PositionText(std::int16_t position, std::int16_t eventCount) {
+    return QStringLiteral("%1 (%2)").arg(position).arg(eventCount);
+}
+
+QString GeneralDateText(const DateTime& t, const QLocale& locale) {
     const QString date =
         locale.toString(QDate(t.year(), t.month(), t.day()), locale.dateFormat(QLocale::ShortFormat));
     if (t.hour() == 0 && t.minute() == 0 && t.second() == 0) return date;

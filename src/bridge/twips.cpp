@@ -1,4 +1,4 @@
-#include "shell/twips.h"
+#include "bridge/twips.h"
 
 #include <QWidget>
 

@@ -1,0 +1,111 @@
+#pragma once
+// The current position in the event list and the ways of moving it: one event forwards or
+// backwards, to either end, and the slide show that steps by itself on a timer. The world
+// can only be built forwards, so every move backwards or to the end applies the events from
+// the first again. Views listen: `moved` comes once per move, after all of its events.
+#include <cstdint>
+#include <functional>
+
+#include <QObject>
+
+#include "model/reporter.h"
+#include "model/world_state.h"
+
+class QTimer;
+
+namespace trelvin {
+
+// Applies one event of the list; the executor in the program, a recording one in tests.
+using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
+
+class Playback : public QObject {
+    Q_OBJECT
+
+public:
+    // `apply` empty means the executor itself.
+    Playback(WorldState& world, Reporter& reporter, ApplyEvent apply, QObject* parent = nullptr);
+
+    // Index of the event applied last; 0 before the first replay is opened.
+    std::int16_t position() const { return position_; }
+    // The end flags, as the last `updateButtons` left them.
+    bool atBegin() const { return atBegin_; }
+    bool atEnd() const { return atEnd_; }
+    // Direction of the slide show.
+    bool slideForward() const { return slideForward_; }
+
+    // What the buttons may do: the forward group (one forward, to the end, play forwards),
+    // the backward group, and stopping the show.
+    bool forwardEnabled() const { return forwardEnabled_; }
+    bool backwardEnabled() const { return backwardEnabled_; }
+    bool stopEnabled() const { return stopEnabled_; }
+
+    // The slide show's clock.
+    QTimer* timer() const { return timer_; }
+    bool isPlaying() const;
+
+    // A newly opened replay: position 1 with event 1 applied. The opener refreshes the views
+    // and the buttons itself, in its own order, so this announces nothing.
+    void openAtFirstEvent();
+
+    // The four steps. Each refreshes through `moved` once, after all its events.
+    void first();
+    void back();
+    void forward();
+    void last();
+
+    // Enables the button groups for the position and records whether it is at either end.
+    void updateButtons();
+
+    // Starts or redirects the show: one step at once, then one per `interval` milliseconds.
+    void play(bool forward, std::int16_t interval);
+    // One tick of the show: a step towards the end it heads for, or the stop once it is there.
+    void tick();
+    // Stops the show and disables stopping.
+    void stop();
+    // Stops the timer alone, as a change of the control mode does.
+    void halt();
+    // Disables stopping, as opening a replay does.
+    void disableStop();
+
+signals:
+    // The position moved and its events are applied: views follow the world now.
+    void moved();
+    // An enabled state of the buttons changed.
+    void buttonsChanged();
+
+private:
+    // Marks a step that applies events or shows message boxes; a tick that falls due meanwhile
+    // waits until the outermost one ends, and runs at most once.
+    class StepGuard {
+    public:
+        explicit StepGuard(Playback& playback);
+        ~StepGuard();
+        StepGuard(const StepGuard&) = delete;
+        StepGuard& operator=(const StepGuard&) = delete;
+
+    private:
+        Playback& playback_;
+    };
+
+    void apply(std::int16_t index);
+    void setEnabled(bool& state, bool enabled);
+    void onTimeout();
+
+    WorldState& world_;
+    Reporter& reporter_;
+    ApplyEvent apply_;
+    QTimer* timer_;
+
+    std::int16_t position_ = 0;
+    bool atBegin_ = false;
+    bool atEnd_ = false;
+    bool slideForward_ = false;
+    bool forwardEnabled_ = false;
+    bool backwardEnabled_ = false;
+    bool stopEnabled_ = false;
+
+    int stepDepth_ = 0;
+    bool tickPending_ = false;
+};
+
+}  // namespace trelvin

@@ -1,0 +1,167 @@
+// The playback alone: which events each step applies, where it leaves the position, the
+// button states and end flags it leaves, and the slide show's ticks.
+#include <QtTest>
+
+#include "playback/playback.h"
+
+using trelvin::Playback;
+
+namespace {
+
+std::vector<int> Range(int first, int last) {
+    std::vector<int> result;
+    for (int i = first; i <= last; ++i) result.push_back(i);
+    return result;
+}
+
+// A list of `count` events; applying one records its index, and event `failing` reports.
+struct Replay {
+    explicit Replay(int count, int failing = 0)
+        : failing(failing),
+          playback(world, reporter, [this](trelvin::WorldState&, std::int16_t i, trelvin::Reporter& r) {
+              applied.push_back(i);
+              if (i == this->failing) r.report("failed");
+          }) {
+        world.events.resize(static_cast<std::size_t>(count) + 1);
+        world.eventCount = static_cast<std::int16_t>(count);
+        QObject::connect(&playback, &Playback::moved, [this] { appliedAtMove.push_back(int(applied.size())); });
+        playback.openAtFirstEvent();
+        playback.updateButtons();
+    }
+    void moveTo(int position) {
+        playback.first();
+        while (playback.position() < position) playback.forward();
+    }
+    template <typename Step>
+    std::vector<int> applies(Step step) {
+        applied.clear();
+        appliedAtMove.clear();
+        step();
+        return applied;
+    }
+    // Forward group, backward group, stop, atBegin, atEnd: '1' for each that holds.
+    QString flags() const {
+        QString result;
+        for (bool b : {playback.forwardEnabled(), playback.backwardEnabled(), playback.stopEnabled(),
+                       playback.atBegin(), playback.atEnd()})
+            result += b ? '1' : '0';
+        return result;
+    }
+
+    trelvin::WorldState world;
+    trelvin::RecordingReporter reporter;
+    int failing;
+    std::vector<int> applied;
+    std::vector<int> appliedAtMove;  // events applied when each refresh was announced
+    Playback playback;
+};
+
+}  // namespace
+
+class PlaybackTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void stepsApplyTheirEventsAndRefreshOnceAfterAll() {
+        struct Case {
+            int from;
+            void (Playback::*step)();
+            std::vector<int> applied;
+            int to;
+            const char* flags;
+        };
+        const Case cases[] = {
+            {5, &Playback::back, Range(1, 4), 4, "11000"},  {2, &Playback::back, {1}, 1, "10010"},
+            {9, &Playback::forward, {10}, 10, "01001"},     {3, &Playback::last, Range(1, 10), 10, "01001"},
+            {7, &Playback::first, {1}, 1, "10010"},         {10, &Playback::forward, {10}, 10, "01001"},
+        };
+        for (const Case& c : cases) {
+            Replay r(10);
+            r.moveTo(c.from);
+            QCOMPARE(r.applies([&] { (r.playback.*c.step)(); }), c.applied);
+            QCOMPARE(r.playback.position(), std::int16_t(c.to));
+            QCOMPARE(r.flags(), QString(c.flags));
+            QCOMPARE(r.appliedAtMove, std::vector<int>{int(c.applied.size())});
+        }
+        Replay single(1);
+        QCOMPARE(single.flags(), QString("00011"));
+    }
+
+    void aFailingEventDoesNotStopTheRebuild() {
+        Replay r(10, 3);
+        r.moveTo(6);
+        r.reporter.texts.clear();
+        QCOMPARE(r.applies([&] { r.playback.last(); }), Range(1, 10));
+        QCOMPARE(r.reporter.texts.size(), std::size_t{1});
+        QCOMPARE(r.appliedAtMove, std::vector<int>{10});
+    }
+
+    void aPositionPastTheCountLeavesTheForwardGroupAsItWas() {
+        Replay r(10);  // after a failed load the count can fall below the position
+        r.world.eventCount = 0;
+        r.playback.updateButtons();
+        QCOMPARE(r.flags(), QString("10010"));
+    }
+
+    void theShowStepsAtOnceAndStopsOneTickAfterItsEnd() {
+        Replay r(10);
+        r.moveTo(9);
+        QCOMPARE(r.applies([&] { r.playback.play(true, 1000); }), std::vector<int>{10});
+        QVERIFY(r.playback.isPlaying() && r.playback.timer()->interval() == 1000);
+        QCOMPARE(r.flags(), QString("01101"));
+        QVERIFY(r.applies([&] { r.playback.tick(); }).empty());
+        QVERIFY(!r.playback.isPlaying());
+        QCOMPARE(r.flags(), QString("01001"));
+
+        r.moveTo(2);
+        QCOMPARE(r.applies([&] { r.playback.play(false, 5000); }), std::vector<int>{1});
+        QVERIFY(!r.playback.slideForward() && r.playback.timer()->interval() == 5000);
+        r.playback.tick();
+        QVERIFY(!r.playback.isPlaying() && !r.playback.stopEnabled());
+
+        // From the first event the forward show steps at once; a jump to either end keeps it
+        // running, and at the end it stops at the next tick.
+        QCOMPARE(r.applies([&] { r.playback.play(true, 5000); }), std::vector<int>{2});
+        r.playback.first();
+        QVERIFY(r.playback.isPlaying());
+        QCOMPARE(r.applies([&] { r.playback.tick(); }), std::vector<int>{2});
+        r.playback.last();
+        QVERIFY(r.playback.isPlaying());
+        r.playback.tick();
+        QVERIFY(!r.playback.isPlaying());
+
+        // Halting, as a change of the control mode does, leaves the stop button enabled.
+        r.playback.first();
+        r.playback.play(true, 5000);
+        r.playback.halt();
+        QVERIFY(!r.playback.isPlaying() && r.playback.stopEnabled());
+    }
+
+    void noTickInsideAStepAndAtMostOneAfterIt() {
+        Replay r(10, 3);
+        std::size_t appliedWhileReporting = 0;
+        // A failing event shows a message box: many intervals of the timer pass meanwhile.
+        struct WaitingReporter : trelvin::Reporter {
+            std::function<void()> shown;
+            void report(const std::string&) override { shown(); }
+        } slow;
+        slow.shown = [&] {
+            const std::size_t before = r.applied.size();
+            QTest::qWait(100);
+            appliedWhileReporting += r.applied.size() - before;
+        };
+        Playback playback(r.world, slow, [&](trelvin::WorldState&, std::int16_t i, trelvin::Reporter& rep) {
+            r.applied.push_back(i);
+            if (i == 3) rep.report("failed");
+        });
+        r.applied.clear();
+        playback.openAtFirstEvent();
+        playback.play(true, 5);
+        QTRY_VERIFY(!playback.isPlaying());
+        QCOMPARE(appliedWhileReporting, std::size_t{0});
+        QCOMPARE(r.applied, Range(1, 10));
+    }
+};
+
+QTEST_GUILESS_MAIN(PlaybackTest)
+#include "playback_test.moc"
