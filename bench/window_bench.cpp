@@ -48,7 +48,7 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     trelvin::WorldState world;
     SilentMessages messages;
     FixedFile file(QString::fromStdString(path));
-    frmMain window(world, {messages, file, {}});
+    frmMain window(world, {messages, file, {}, {}});
     window.show();
 
     const double openMs = medianMilliseconds(runs, [&] {

@@ -6,6 +6,7 @@ add_library(trelvin_core STATIC
   model/text_encoding.cpp
   model/field_addressing.cpp
   model/replay_loader.cpp
+  model/replay_source.cpp
   engine/game_tables.cpp
   engine/rule_context.cpp
   engine/event_executor.cpp

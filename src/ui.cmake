@@ -14,6 +14,7 @@ add_library(trelvin_ui STATIC
   shell/message_service.cpp
   shell/message_reporter.cpp
   shell/open_file_service.cpp
+  shell/slow_task_dialog.cpp
   ${CMAKE_SOURCE_DIR}/assets/assets.qrc
 )
 set_target_properties(trelvin_ui PROPERTIES AUTOMOC ON AUTORCC ON)

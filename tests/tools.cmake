@@ -7,3 +7,5 @@ add_test(NAME dump_battle_tiles_les COMMAND ${CMAKE_COMMAND} -DDUMP=$<TARGET_FIL
   -DGOLDEN=${golden}/bitva-u-potoka.tiles-les.jsonl -P ${CMAKE_CURRENT_SOURCE_DIR}/golden_dump.cmake)
 add_test(NAME dump_usage COMMAND $<TARGET_FILE:trelvin-dump> --view sideways)
 set_tests_properties(dump_usage PROPERTIES WILL_FAIL TRUE)
+add_test(NAME dump_hostile_paths COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/dump_hostile_paths.sh $<TARGET_FILE:trelvin-dump>)
+set_tests_properties(dump_hostile_paths PROPERTIES TIMEOUT 120)

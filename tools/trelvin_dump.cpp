@@ -1,6 +1,7 @@
 // trelvin-dump: loads a replay with the viewer's loader, applies every event as stepping
 // forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests.
 #include <cstring>
+#include <exception>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -133,6 +134,13 @@ int main(int argc, char** argv) {
         std::cerr << "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
         return 2;
     }
-    dump(*options);
+    // The loader and the executor report their own failures; anything else still ends with
+    // a message rather than an abort.
+    try {
+        dump(*options);
+    } catch (const std::exception& error) {
+        std::cerr << "trelvin-dump: " << error.what() << '\n';
+        return 1;
+    }
     return 0;
 }

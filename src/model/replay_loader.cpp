@@ -1,9 +1,9 @@
 #include "model/replay_loader.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <filesystem>
-#include <memory>
+#include <cstring>
+#include <exception>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -11,6 +11,7 @@
 #include "model/action_keyword.h"
 #include "model/checked_math.h"
 #include "model/number_reading.h"
+#include "model/replay_limits.h"
 #include "model/text_encoding.h"
 
 namespace trelvin {
@@ -18,57 +19,112 @@ namespace trelvin {
 namespace {
 
 constexpr std::string_view kLoadErrorPrefix = "Chyba pri nacitani replaye - ";
-constexpr int kMaxEvents = 32767;
 constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
+constexpr std::size_t kChunkBytes = std::size_t{1} << 16;
 
 // A failure that stops the load; its text is the description after the prefix.
 struct LoadFailure {
     std::string description;
 };
 
-std::string readWholeFile(const std::string& path) {
-    if (path.empty()) throw LoadFailure{"nebyl zvolen zadny soubor"};
-    std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                          &std::fclose);
-    // Paths come from the system in UTF-8; messages are Windows-1250 like all core text.
-    const std::string shownPath = utf8ToCp1250(path);
-    if (!file) throw LoadFailure{"soubor '" + shownPath + "' nelze otevrit"};
-    std::string bytes;
-    std::error_code sizeError;
-    const auto size = std::filesystem::file_size(path, sizeError);
-    if (!sizeError) bytes.reserve(size);
-    char buffer[1 << 16];
-    std::size_t got;
-    while ((got = std::fread(buffer, 1, sizeof buffer, file.get())) > 0) bytes.append(buffer, got);
-    if (std::ferror(file.get())) throw LoadFailure{"soubor '" + shownPath + "' nelze precist"};
-    return bytes;
-}
-
-// Hands out the file's lines; CR LF, CR alone and LF alone each end a line.
+// Hands out the source's lines, reading it a piece at a time; CR LF, CR alone and LF alone
+// each end a line. Memory holds one piece and, for a line across pieces, that line.
 class LineReader {
 public:
-    explicit LineReader(std::string_view text) : text_(text) {}
+    LineReader(ReplaySource& source, TaskProgress* progress)
+        : source_(source), progress_(progress), buffer_(kChunkBytes) {}
 
-    bool atEnd() const { return pos_ >= text_.size(); }
+    // Lines handed out so far.
     int lineNumber() const { return lineNumber_; }
+    // Whether the line handed out last holds only ASCII bytes.
+    bool lineIsAscii() const { return lineIsAscii_; }
 
-    std::string_view next() {
-        const std::size_t start = pos_;
-        std::size_t end = start;
-        while (end < text_.size() && text_[end] != '\n' && text_[end] != '\r') ++end;
-        ++lineNumber_;
-        if (end == text_.size()) {
-            pos_ = end;
-            return text_.substr(start);
+    // The next line, without its end, valid until the next call; empty at the end.
+    std::optional<std::string_view> next() {
+        carry_.clear();
+        lineIsAscii_ = true;
+        while (true) {
+            if (begin_ == end_ && !fill()) {
+                if (carry_.empty()) return std::nullopt;
+                ++lineNumber_;
+                return std::string_view(carry_);
+            }
+            const char* data = buffer_.data();
+            const std::size_t stop = lineEnd();
+            lineIsAscii_ = lineIsAscii_ && isAscii(std::string_view(data + begin_, stop - begin_));
+            if (carry_.size() + (stop - begin_) > kMaxLineBytes)
+                throw LoadFailure{"radek je delsi nez " + std::to_string(kMaxLineBytes >> 20) + " MB"};
+            if (stop == end_) {  // the line goes on in the next piece
+                carry_.append(data + begin_, stop - begin_);
+                begin_ = end_;
+                continue;
+            }
+            std::string_view line(data + begin_, stop - begin_);
+            skipLineFeed_ = data[stop] == '\r';
+            begin_ = stop + 1;
+            if (skipLineFeed_ && begin_ < end_) {
+                if (data[begin_] == '\n') ++begin_;
+                skipLineFeed_ = false;
+            }
+            ++lineNumber_;
+            if (carry_.empty()) return line;
+            carry_.append(line);
+            return std::string_view(carry_);
         }
-        pos_ = end + 1;
-        if (text_[end] == '\r' && pos_ < text_.size() && text_[pos_] == '\n') ++pos_;
-        return text_.substr(start, end - start);
     }
 
 private:
-    std::string_view text_;
-    std::size_t pos_ = 0;
+    // Where the line at begin_ ends: at its CR or LF, or at the end of the piece. The next LF
+    // is remembered, so a file of CR-only line ends is not searched to the end for each line.
+    std::size_t lineEnd() {
+        const char* data = buffer_.data();
+        if (!lineFeedKnown_ || nextLineFeed_ < begin_) {
+            lineFeedKnown_ = true;
+            const void* found = std::memchr(data + begin_, '\n', end_ - begin_);
+            nextLineFeed_ = found ? static_cast<const char*>(found) - data : end_;
+        }
+        const void* cr = std::memchr(data + begin_, '\r', nextLineFeed_ - begin_);
+        return cr ? static_cast<std::size_t>(static_cast<const char*>(cr) - data) : nextLineFeed_;
+    }
+
+    static bool isAscii(std::string_view text) {
+        std::uint64_t high = 0;
+        std::size_t i = 0;
+        for (; i + 8 <= text.size(); i += 8) {
+            std::uint64_t word;
+            std::memcpy(&word, text.data() + i, 8);
+            high |= word;
+        }
+        for (; i < text.size(); ++i) high |= static_cast<unsigned char>(text[i]);
+        return (high & 0x8080808080808080u) == 0;
+    }
+
+    // Reads the next piece; false at the end of the source.
+    bool fill() {
+        std::size_t got = source_.read(buffer_.data(), buffer_.size());
+        readBytes_ += got;
+        if (progress_ && !progress_->keepGoing(readBytes_, source_.size()))
+            throw LoadFailure{"nacitani bylo preruseno"};
+        begin_ = 0;
+        end_ = got;
+        lineFeedKnown_ = false;
+        // A CR that ended the previous piece pairs with an LF that starts this one.
+        if (skipLineFeed_ && got > 0 && buffer_[0] == '\n') begin_ = 1;
+        skipLineFeed_ = false;
+        return got > 0 && (begin_ < end_ || fill());
+    }
+
+    ReplaySource& source_;
+    TaskProgress* progress_;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    std::size_t nextLineFeed_ = 0;  // the first LF at or after begin_, or end_ for none
+    bool lineFeedKnown_ = false;
+    std::string carry_;
+    bool lineIsAscii_ = true;
+    bool skipLineFeed_ = false;
+    std::uint64_t readBytes_ = 0;
     int lineNumber_ = 0;
 };
 
@@ -149,15 +205,35 @@ class ReplayLoader {
 public:
     explicit ReplayLoader(WorldState& world) : world_(world) {}
 
-    void load(const std::string& path) {
-        resetTables();
-        const std::string bytes = readWholeFile(path);
-        loadText(bytes);
-    }
+    void load(ReplaySource& source, TaskProgress* progress) {
+        world_.events.assign(1, ReplayEvent{});
+        world_.players.assign(1, Player{});
+        try {
+            source.open();
+        } catch (const ReplayReadError& error) {
+            throw LoadFailure{error.what()};
+        }
+        LineReader lines(source, progress);
+        const std::optional<std::string_view> header = lines.next();
+        if (!header) throw LoadFailure{"soubor neobsahuje hlavicku"};
+        utf8File_ = header->starts_with(kUtf8Bom);
+        readHeader(decoded(utf8File_ ? header->substr(kUtf8Bom.size()) : *header, lines.lineIsAscii()));
+        // A line takes at least 20 bytes: room for every event without regrowth on the way.
+        world_.events.reserve(std::min<std::uint64_t>(source.size() / 20, kMaxEvents) + 1);
+        world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
 
-    void loadBytes(std::string_view bytes) {
-        resetTables();
-        loadText(bytes);
+        while (true) {
+            lineNumber_ = lines.lineNumber() + 1;
+            const std::optional<std::string_view> line = lines.next();
+            if (!line) break;
+            const std::string_view trimmed = trimSpaces(decoded(*line, lines.lineIsAscii()));
+            if (trimmed.empty()) continue;
+            readActionLine(trimmed);
+        }
+        lineNumber_ = 0;
+        if (lastAction_ == Action::Attack) appendImplied(Action::End, lastEvent().time);
+        world_.eventCount = static_cast<std::int16_t>(world_.lastEventIndex());
+        world_.loaded = true;
     }
 
     std::string describe(const std::string& description) const {
@@ -166,38 +242,11 @@ public:
     }
 
 private:
-    void resetTables() {
-        world_.events.assign(1, ReplayEvent{});
-        world_.players.assign(1, Player{});
-    }
-
-    void loadText(std::string_view text) {
-        utf8_ = text.starts_with(kUtf8Bom);
-        if (utf8_) text.remove_prefix(kUtf8Bom.size());
-        utf8_ = utf8_ || looksLikeUtf8Text(text);
-
-        LineReader lines(text);
-        if (lines.atEnd()) throw LoadFailure{"soubor neobsahuje hlavicku"};
-        readHeader(decoded(lines.next()));
-        // A line takes at least 20 bytes: room for every event without regrowth on the way.
-        world_.events.reserve(std::min<std::size_t>(text.size() / 20, kMaxEvents) + 1);
-        world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
-
-        while (!lines.atEnd()) {
-            lineNumber_ = lines.lineNumber() + 1;
-            const std::string_view trimmed = trimSpaces(decoded(lines.next()));
-            if (trimmed.empty()) continue;
-            readActionLine(trimmed);
-        }
-        lineNumber_ = 0;
-        if (lastEventIs(Action::Attack)) append(impliedEvent(Action::End, lastEvent().time));
-        world_.eventCount = static_cast<std::int16_t>(world_.lastEventIndex());
-        world_.loaded = true;
-    }
-
     // The line as Windows-1250; valid until the next call.
-    std::string_view decoded(std::string_view line) {
-        if (!utf8_) return line;
+    // A file that starts with the UTF-8 mark is UTF-8 throughout; otherwise each line that is
+    // valid UTF-8 with a character beyond ASCII was saved so, and the rest is Windows-1250.
+    std::string_view decoded(std::string_view line, bool ascii) {
+        if (ascii || (!utf8File_ && !looksLikeUtf8Text(line))) return line;
         decodedLine_ = utf8ToCp1250(line);
         return decodedLine_;
     }
@@ -231,14 +280,14 @@ private:
         const DateTime lineTime = readTimeStamp(fields[0]);
 
         ImpliedEvents& implied = implied_;
-        if (implied.started && lineTime > implied.holdEndTime && !lastEventIs(Action::EndHoldFire) &&
+        if (implied.started && lineTime > implied.holdEndTime && lastAction_ != Action::EndHoldFire &&
             !implied.holdEnded)
             implied.holdEndDue = true;
         insertImpliedEvents(fields, lineTime);
 
-        ReplayEvent event = buildEvent(fields, lineTime);
-        const Action action = ActionOf(event.action);
-        append(std::move(event));
+        Action action;
+        ReplayEvent event = buildEvent(fields, lineTime, action);
+        append(std::move(event), action);
         if (action == Action::Start) {
             implied.started = true;
             implied.holdEndTime = lineTime.plusDays(1);
@@ -258,24 +307,23 @@ private:
                 implied.started = true;
                 if (ActionOf(keyword(fields)) != Action::Start) {
                     const DateTime time = lastEvent().time;
-                    append(impliedEvent(Action::Start, time));
+                    appendImplied(Action::Start, time);
                     implied.holdEndTime = time.plusDays(1);
                 }
             } else if (implied.roundsDue) {
                 implied.roundsDue = false;
-                if (!lastEventIs(Action::AddRounds) && world_.lastEventIndex() >= 2) {
+                if (lastAction_ != Action::AddRounds && world_.lastEventIndex() >= 2) {
                     const DateTime t = nextFullHour(lastEvent().time);
                     if (t <= lineTime) {
                         const std::int64_t hours = lineTime.fullHour().hoursSince(t);
-                        ReplayEvent rounds = impliedEvent(Action::AddRounds, t.plusHours(hours));
-                        rounds.amount = checked16(hours + 1);
-                        append(std::move(rounds));
+                        const std::int16_t amount = checked16(hours + 1);
+                        appendImplied(Action::AddRounds, t.plusHours(hours)).amount = amount;
                     }
                 }
             } else if (implied.holdEndDue) {
                 implied.holdEndDue = false;
                 implied.holdEnded = true;
-                append(impliedEvent(Action::EndHoldFire, implied.holdEndTime));
+                appendImplied(Action::EndHoldFire, implied.holdEndTime);
             } else {
                 return;
             }
@@ -287,18 +335,20 @@ private:
         return fields[1];
     }
 
-    static ReplayEvent impliedEvent(Action action, const DateTime& time) {
+    // Appends an event the file implies: only its time and keyword are set.
+    ReplayEvent& appendImplied(Action action, const DateTime& time) {
         ReplayEvent event;
         event.time = time;
         event.action = std::string(KeywordOf(action));
-        return event;
+        append(std::move(event), action);
+        return world_.events.back();
     }
 
     static std::int16_t leading(std::string_view field) { return readLeadingNumber(field); }
     static std::int16_t strict(std::string_view field) { return readStrictNumber(field); }
 
     static ReplayEvent buildEvent(const std::vector<std::string_view>& fields,
-                                  const DateTime& lineTime) {
+                                  const DateTime& lineTime, Action& action) {
         ReplayEvent event;
         event.time = lineTime;
         event.action = std::string(keyword(fields));
@@ -310,7 +360,8 @@ private:
         };
         const auto text = [&](std::size_t i) { return std::string(fields[i]); };
 
-        switch (ActionOf(event.action)) {
+        action = ActionOf(event.action);
+        switch (action) {
             case Action::CreateWorld:
                 need(3);
                 event.place = text(2);
@@ -363,49 +414,51 @@ private:
     }
 
     const ReplayEvent& lastEvent() const { return world_.events.back(); }
-    bool lastEventIs(Action action) const { return ActionOf(lastEvent().action) == action; }
 
-    void append(ReplayEvent event) {
+    void append(ReplayEvent event, Action action) {
         if (world_.lastEventIndex() >= kMaxEvents)
             throw LoadFailure{"replay ma vice nez " + std::to_string(kMaxEvents) + " udalosti"};
         world_.events.push_back(std::move(event));
+        lastAction_ = action;
     }
 
     WorldState& world_;
-    bool utf8_ = false;
+    bool utf8File_ = false;
     std::string decodedLine_;
     std::vector<std::string_view> fields_;
     int lineNumber_ = 0;
     ImpliedEvents implied_;
+    Action lastAction_ = Action::Other;  // the action of the event last in the list
 };
 
 }  // namespace
 
-namespace {
-
-template <typename Load>
-void runLoad(WorldState& world, Reporter& reporter, Load&& load) {
+void LoadReplay(WorldState& world, ReplaySource& source, Reporter& reporter, TaskProgress* progress) {
     ReplayLoader loader(world);
     std::string description;
     try {
-        load(loader);
+        loader.load(source, progress);
         return;
     } catch (const LoadFailure& failure) {
         description = loader.describe(failure.description);
     } catch (const RuleError& error) {
         description = loader.describe(error.what());
+    } catch (const std::bad_alloc&) {
+        description = loader.describe("nedostatek pameti");
+    } catch (const std::exception& error) {
+        description = loader.describe(error.what());
     }
     reporter.report(std::string(kLoadErrorPrefix) + description);
 }
 
-}  // namespace
-
-void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter) {
-    runLoad(world, reporter, [&](ReplayLoader& loader) { loader.load(path); });
+void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter, TaskProgress* progress) {
+    ReplayFile file(path);
+    LoadReplay(world, file, reporter, progress);
 }
 
 void LoadReplayFromBytes(WorldState& world, std::string_view bytes, Reporter& reporter) {
-    runLoad(world, reporter, [&](ReplayLoader& loader) { loader.loadBytes(bytes); });
+    ReplayText text(bytes);
+    LoadReplay(world, text, reporter);
 }
 
 }  // namespace trelvin

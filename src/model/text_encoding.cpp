@@ -115,10 +115,14 @@ bool looksLikeUtf8Text(std::string_view bytes) {
     bool nonAscii = false;
     std::size_t pos = 0;
     while (pos < bytes.size()) {
+        if (static_cast<unsigned char>(bytes[pos]) < 0x80) {
+            ++pos;
+            continue;
+        }
         char32_t code = 0;
         const std::size_t length = decodeUtf8(bytes, pos, code);
         if (length == 0) return false;
-        nonAscii = nonAscii || length > 1;
+        nonAscii = true;
         pos += length;
     }
     return nonAscii;

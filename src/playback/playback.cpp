@@ -1,5 +1,6 @@
 #include "playback/playback.h"
 
+#include <memory>
 #include <utility>
 
 #include <QTimer>
@@ -33,10 +34,23 @@ void Playback::first() {
     emit moved();
 }
 
+bool Playback::rebuild(std::int16_t last, bool trackPosition) {
+    const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
+    for (int index = 1; index <= last; ++index) {
+        if (trackPosition) position_ = static_cast<std::int16_t>(index);
+        apply(static_cast<std::int16_t>(index));
+        if (progress && !progress->keepGoing(index, last)) {
+            position_ = static_cast<std::int16_t>(index);
+            return false;
+        }
+    }
+    return true;
+}
+
 void Playback::back() {
     StepGuard guard(*this);
     if (position_ > 0) --position_;
-    for (int index = 1; index <= position_; ++index) apply(static_cast<std::int16_t>(index));
+    rebuild(position_, false);
     updateButtons();
     emit moved();
 }
@@ -53,11 +67,7 @@ void Playback::last() {
     StepGuard guard(*this);
     // The bound is read once: the count stays what it was when the rebuild began.
     const std::int16_t count = world_.eventCount;
-    for (int index = 1; index <= count; ++index) {
-        position_ = static_cast<std::int16_t>(index);
-        apply(position_);
-    }
-    position_ = count;
+    if (rebuild(count, true)) position_ = count;
     updateButtons();
     emit moved();
 }

@@ -5,10 +5,12 @@
 // the first again. Views listen: `moved` comes once per move, after all of its events.
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 #include <QObject>
 
 #include "model/reporter.h"
+#include "model/task_progress.h"
 #include "model/world_state.h"
 
 class QTimer;
@@ -17,6 +19,9 @@ namespace trelvin {
 
 // Applies one event of the list; the executor in the program, a recording one in tests.
 using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
+
+// Makes the progress of one rebuild from the first event; empty for none.
+using RebuildProgress = std::function<std::unique_ptr<TaskProgress>()>;
 
 class Playback : public QObject {
     Q_OBJECT
@@ -38,6 +43,10 @@ public:
     bool forwardEnabled() const { return forwardEnabled_; }
     bool backwardEnabled() const { return backwardEnabled_; }
     bool stopEnabled() const { return stopEnabled_; }
+
+    // A rebuild that the progress stops ends at the event applied last: the position stays
+    // there, and the views follow as after any move.
+    void setRebuildProgress(RebuildProgress makeProgress) { makeProgress_ = std::move(makeProgress); }
 
     // The slide show's clock.
     QTimer* timer() const { return timer_; }
@@ -88,12 +97,16 @@ private:
     };
 
     void apply(std::int16_t index);
+    // Applies events 1 .. `last` in order, the position following when `trackPosition`; false
+    // when the progress stopped it early, the position then at the event applied last.
+    bool rebuild(std::int16_t last, bool trackPosition);
     void setEnabled(bool& state, bool enabled);
     void onTimeout();
 
     WorldState& world_;
     Reporter& reporter_;
     ApplyEvent apply_;
+    RebuildProgress makeProgress_;
     QTimer* timer_;
 
     std::int16_t position_ = 0;

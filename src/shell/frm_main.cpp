@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
@@ -21,6 +23,7 @@
 
 #include "bridge/twips.h"
 #include "playback/clock_face.h"
+#include "shell/slow_task_dialog.h"
 #include "view/map_grid.h"
 
 using trelvin::PlaceByTwips;
@@ -91,7 +94,14 @@ frmMain::frmMain(trelvin::WorldState& world, trelvin::WindowServices services, Q
     : QMainWindow(parent), world_(world), services_(std::move(services)),
       reporter_(services_.messages) {
     playback = new trelvin::Playback(world_, reporter_, services_.applyEvent, this);
+    playback->setRebuildProgress([this] {
+        return std::make_unique<trelvin::SlowTaskDialog>(this, taskLabel("Prepocitavani tahu"));
+    });
     tSlide = playback->timer();
+    if (!services_.openReplay)
+        services_.openReplay = [](const QString& path) {
+            return std::make_unique<trelvin::ReplayFile>(QFile::encodeName(path).toStdString());
+        };
     loadAssets();
     substituteDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
@@ -276,6 +286,10 @@ void frmMain::Form_Load() {
     for (QPushButton* button : {cmdSBegin, cmdZ, cmdRZ, cmdS, cmdD, cmdRD, cmdSEnd})
         button->move(button->x(), rowTop);
     resize(width(), height() - cmdD->height());
+}
+
+QString frmMain::taskLabel(const char* task) const {
+    return QStringLiteral("%1: %2").arg(QString::fromLatin1(task), QFileInfo(fileName_).fileName());
 }
 
 void frmMain::mnuKonecItem_Click() { QApplication::quit(); }

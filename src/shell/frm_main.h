@@ -4,11 +4,14 @@
 // clock face's; the window wires them to its controls and runs the open flow.
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 
 #include <QMainWindow>
 #include <QString>
 
+#include "model/replay_source.h"
 #include "model/world_state.h"
 #include "playback/playback.h"
 #include "shell/message_reporter.h"
@@ -32,10 +35,14 @@ namespace trelvin {
 class ClockFace;
 class MapGrid;
 
+// Where the bytes of the replay at a chosen path come from: the file in the program.
+using ReplayOpener = std::function<std::unique_ptr<ReplaySource>(const QString& path)>;
+
 struct WindowServices {
     MessageService& messages;
     OpenFileService& files;
-    ApplyEvent applyEvent;
+    ApplyEvent applyEvent;    // empty: the executor
+    ReplayOpener openReplay;  // empty: the file at the path
 };
 }  // namespace trelvin
 
@@ -143,6 +150,8 @@ private:
     // The refresh after every move: texts, clock and players, then the map.
     void refreshAfterMove();
     void showButtonStates();
+    // The label of the progress dialogs: what is worked on, with the file's name.
+    QString taskLabel(const char* task) const;
     trelvin::ViewMode viewMode() const;
 
     trelvin::WorldState& world_;

@@ -1,4 +1,6 @@
 // trelvin-replay [FILE]: the viewer; FILE is opened at start-up as if chosen in the dialog.
+#include <cstdio>
+#include <exception>
 #include <memory>
 
 #include <QApplication>
@@ -9,8 +11,36 @@
 #include "shell/message_service.h"
 #include "shell/open_file_service.h"
 
-int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
+namespace {
+
+// No failure escapes a handler: the core reports its own, and anything else that reaches the
+// event loop is shown to the user, who can carry on, instead of ending the program.
+class ViewerApplication : public QApplication {
+public:
+    using QApplication::QApplication;
+    void setMessages(trelvin::MessageService* messages) { messages_ = messages; }
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::bad_alloc&) {
+            report("Nedostatek pameti");
+        } catch (const std::exception& error) {
+            report(QString::fromLocal8Bit(error.what()));
+        }
+        return false;
+    }
+
+private:
+    void report(const QString& text) {
+        if (messages_) messages_->showMessage(QStringLiteral("Neocekavana chyba - ") + text);
+    }
+
+    trelvin::MessageService* messages_ = nullptr;
+};
+
+int run(int argc, char* argv[]) {
+    ViewerApplication application(argc, argv);
     // Ties the window to the installed desktop entry and its icon.
     QApplication::setDesktopFileName(QStringLiteral("trelvin-replay"));
     trelvin::WorldState world;
@@ -23,10 +53,22 @@ int main(int argc, char* argv[]) {
         commandLine = std::make_unique<trelvin::PresetFirstChoice>(arguments.at(1), dialog);
     trelvin::OpenFileService& files = commandLine ? *commandLine : dialog;
 
-    frmMain window(world, {messages, files, {}});
+    frmMain window(world, {messages, files, {}, {}});
     messages.setParent(&window);
     dialog.setParent(&window);
+    application.setMessages(&messages);
     window.show();
     if (commandLine) QTimer::singleShot(0, &window, &frmMain::mnuOtevritItem_Click);
     return application.exec();
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "trelvin-replay: %s\n", error.what());
+        return 1;
+    }
 }

@@ -7,7 +7,6 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFile>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -21,6 +20,7 @@
 #include "model/replay_loader.h"
 #include "playback/playback.h"
 #include "shell/frm_main.h"
+#include "shell/slow_task_dialog.h"
 #include "view/map_grid.h"
 
 namespace {
@@ -56,7 +56,11 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
         grid->unloadAll();
         if (auto chosen = dropped ? dropped : services_.files.chooseFile(fileName_))
             fileName_ = *chosen;
-        trelvin::LoadReplay(world_, QFile::encodeName(fileName_).toStdString(), reporter_);
+        {
+            trelvin::SlowTaskDialog progress(this, taskLabel("Nacitani"));
+            const std::unique_ptr<trelvin::ReplaySource> source = services_.openReplay(fileName_);
+            trelvin::LoadReplay(world_, *source, reporter_, &progress);
+        }
         playback->openAtFirstEvent();
         RefreshAr();
         txtPolicko->setEnabled(true);

@@ -115,6 +115,13 @@ TEST(ReplayLoader, LineEndsBlankLinesAndUtf8ChangeNothing) {
         ASSERT_TRUE(Load(w, file).empty());
         EXPECT_EQ(std::tuple(w.eventCount, w.events[6].survivors), std::tuple(7, 3));
     }
+    // The file is read in pieces of 64 KiB: a line, or its CR LF, may straddle two of them.
+    for (int shift = -2; shift <= 2; ++shift) {
+        const std::string name(std::size_t(65536 - 12 + shift), 'x');
+        WorldState w;
+        ASSERT_TRUE(Load(w, "0;" + name + kAlfa.substr(6)).empty()) << shift;
+        EXPECT_EQ(std::tuple(w.worldName.size(), w.eventCount), std::tuple(name.size(), 7)) << shift;
+    }
     WorldState w;
     ASSERT_TRUE(Load(w, "0;Sv\xC4\x9Bt;2;3;2;3\n2004-06-19-08-00-00;buy;A0;Vosi\xC4\x8Dka;4\n").empty());
     EXPECT_EQ(w.worldName + w.events[1].armyType, "Sv\xECtVosi\xE8ka");

@@ -96,6 +96,18 @@ private slots:
         QCOMPARE(r.appliedAtMove, std::vector<int>{10});
     }
 
+    void aStoppedRebuildLeavesThePositionAtTheEventAppliedLast() {
+        Replay r(10);
+        struct StopAt : trelvin::TaskProgress {
+            bool keepGoing(std::uint64_t done, std::uint64_t total) override { return total != 10 || done < 6; }
+        };
+        r.playback.setRebuildProgress([] { return std::make_unique<StopAt>(); });
+        QCOMPARE(r.applies([&] { r.playback.last(); }), Range(1, 6));
+        QCOMPARE(r.playback.position(), std::int16_t(6));
+        QCOMPARE(r.flags(), QString("11000"));
+        QCOMPARE(r.appliedAtMove, std::vector<int>{6});
+    }
+
     void aPositionPastTheCountLeavesTheForwardGroupAsItWas() {
         Replay r(10);  // after a failed load the count can fall below the position
         r.world.eventCount = 0;

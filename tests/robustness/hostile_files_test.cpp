@@ -1,6 +1,8 @@
 // Files a user may really be handed: cut short, binary, huge. Each load reports what is wrong
 // (or loads), its events apply without a crash, and a later load of a good file still works.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -56,19 +58,62 @@ TEST_F(HostileFiles, OversizedFilesStopAtTheEventCapOrTheFieldTable) {
     std::string many = "0;Velky;0;3;3;3" + kAt + "create_world;NNNNNNNNN";
     for (int i = 0; i < 40000; ++i) many += kAt + "fly";
     EXPECT_TRUE(failsToLoad(write("many.trp", many)));
-    const std::string letters = "0;D;0;3;3;3" + kAt + "create_world;" + std::string(10 << 20, 'N');
-    EXPECT_TRUE(OneMessage(loadThenRecover(write("long.trp", letters)), kExecuteErrorPrefix));
-    {
-        std::ofstream huge(dir_ / "huge.trp", std::ios::binary);
-        huge << "0;Obri;0;3;3;3";
-        const std::string line = kAt + "fly;" + std::string(200, 'x');
-        for (std::size_t written = 0; written < 200u << 20; written += line.size()) huge << line;
-    }
-    EXPECT_TRUE(failsToLoad(dir_ / "huge.trp"));
     // A200 is field 51001 of the largest map, past what a field index can hold.
     const std::string map = "0;Obri;0;255;255;3" + kAt + "create_world;" + std::string(255 * 255, 'N') + kAt +
                             "create_hq;K;les;A100" + kAt + "create_hq;J;louka;A200";
     EXPECT_TRUE(OneMessage(loadThenRecover(write("wide.trp", map)), kExecuteErrorPrefix));
+}
+
+long PeakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss / 1024;
+}
+
+// Files no replay can be: each fails at once with one message, in memory far below its size.
+TEST_F(HostileFiles, FilesPastTheLimitsAndPathsThatAreNoFilesFailAtOnce) {
+    const fs::path sparse = dir_ / "disk.img";
+    std::ofstream(sparse) << "0;Obraz;0;3;3;3";
+    fs::resize_file(sparse, std::uintmax_t{16} << 30);
+    const fs::path pipe = dir_ / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    const std::string longLine = "0;D;0;3;3;3" + kAt + "create_world;" + std::string(8 << 20, 'N');
+    const std::pair<fs::path, const char*> cases[] = {
+        {sparse, "je prilis velky (16384 MB, nejvyse 64 MB)"},
+        {write("long.trp", longLine), "radek 2: radek je delsi nez 1 MB"},
+        {dir_, "je slozka, ne soubor"},
+        {pipe, "neni obycejny soubor"},
+        {"/dev/zero", "neni obycejny soubor"},
+    };
+    const long before = PeakMegabytes();
+    for (const auto& [path, description] : cases) {
+        const std::vector<std::string> texts = loadThenRecover(path);
+        EXPECT_TRUE(OneMessage(texts, kLoadFailure)) << path;
+        EXPECT_TRUE(!texts.empty() && texts[0].ends_with(description)) << texts[0];
+    }
+    EXPECT_LT(PeakMegabytes() - before, 32);
+}
+
+// A load can be cancelled as it reads, and a file that shrinks meanwhile fails where it ends.
+TEST_F(HostileFiles, CancelledAndShrinkingLoadsFailWhereTheyStopped) {
+    std::string many = "0;Velky;0;3;3;3" + kAt + "create_world;NNNNNNNNN";
+    for (int i = 0; i < 20000; ++i) many += kAt + "fly";
+    const fs::path path = write("many.trp", many);
+    struct Hook : TaskProgress {
+        std::function<bool()> onPiece;
+        bool keepGoing(std::uint64_t, std::uint64_t) override { return onPiece(); }
+    } hook;
+    for (const auto& [onPiece, description] : std::initializer_list<std::pair<std::function<bool()>, const char*>>{
+             {[] { return false; }, "nacitani bylo preruseno"},
+             {[&] { fs::resize_file(path, 70000); return true; }, "se behem cteni zkratil"}}) {
+        hook.onPiece = onPiece;
+        RecordingReporter reporter;
+        world_.eventCount = 7;
+        LoadReplay(world_, path.string(), reporter, &hook);
+        ASSERT_TRUE(OneMessage(reporter.texts, kLoadFailure));
+        EXPECT_TRUE(reporter.texts[0].ends_with(description)) << reporter.texts[0];
+        EXPECT_EQ(world_.eventCount, 7);  // nothing rolled back, nothing completed
+    }
 }
 
 }  // namespace

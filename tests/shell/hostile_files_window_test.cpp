@@ -1,11 +1,15 @@
 // Files a user may really be handed, opened through the window: each shows its messages,
 // stepping through what was loaded never crashes, and a later open of a good replay works.
 // Then a hundred opens in a row, whose leaks are the sanitizer build's to find.
+#include <sys/stat.h>
+
+#include <thread>
+
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
 
-enum Source { Written, Directory, Vanished };
+enum Source { Written, Directory, Vanished, Sparse, Pipe, DevZero };
 
 static void row(const char* name, const QByteArray& bytes, const QStringList& expected, Source source = Written) {
     QTest::newRow(name) << bytes << expected << int(source);
@@ -45,6 +49,10 @@ private slots:
         row("255 x 255 map", "0;Obri;0;255;255;3\r\n2004-06-19-08-00-00;create_world;" + QByteArray(255 * 255, 'N'),
             {"Preteceni (hodnota mimo povoleny rozsah)"});
         row("directory", "", nothingLoaded, Directory);
+        row("16 GB disk image", "0;Obraz;0;3;3;3", nothingLoaded, Sparse);
+        row("named pipe without a writer", "", nothingLoaded, Pipe);
+        row("/dev/zero", "", nothingLoaded, DevZero);
+        row("8 MB line", "0;D;0;3;3;3\r\n2004-06-19-08-00-00;create_world;" + QByteArray(8 << 20, 'N'), nothingLoaded);
         row("vanished", "0;Alfa;2;3;2;3\r\n", nothingLoaded, Vanished);
     }
 
@@ -54,8 +62,14 @@ private slots:
         QFETCH(int, source);
         Window t;
         frmMain& w = *t.window;
-        const QString path = source == Directory ? t.directory.path() : t.write("hostile.trp", bytes);
+        QString path = source == Directory ? t.directory.path() : t.write("hostile.trp", bytes);
         if (source == Vanished) QFile::remove(path);  // chosen in the dialog, gone before the loader opens it
+        if (source == Sparse) QFile(path).resize(qint64{16} << 30);
+        if (source == DevZero) path = "/dev/zero";
+        if (source == Pipe) {
+            path = t.directory.filePath("pipe");
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        }
         t.files.answers.push_back(path);
         w.mnuOtevritItem_Click();
         const QStringList& texts = t.messages.texts;
@@ -77,6 +91,51 @@ private slots:
         QVERIFY2(texts.isEmpty(), qPrintable(texts.join(" | ")));
         QCOMPARE(w.lblTah->text(), QString("1 (7)"));
         QCOMPARE(w.grid->fieldCount(), 6);
+    }
+
+    // A load that takes long shows a progress dialog; its Cancel fails the load where it was,
+    // and the window goes on working.
+    void aSlowLoadCanBeCancelled() {
+        struct SlowSource : trelvin::ReplaySource {
+            explicit SlowSource(QByteArray bytes) : bytes(std::move(bytes)) {}
+            std::size_t read(char* buffer, std::size_t) override {
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                const QByteArray piece = bytes.mid(offset, 64);
+                std::memcpy(buffer, piece.constData(), std::size_t(piece.size()));
+                offset += piece.size();
+                return std::size_t(piece.size());
+            }
+            std::uint64_t size() const override { return std::uint64_t(bytes.size()); }
+            QByteArray bytes;
+            qsizetype offset = 0;
+        };
+        Window t;
+        t.window->show();
+        QByteArray replay = "0;Dlouhy;0;3;2;3\r\n2004-06-19-08-00-00;create_world;NNNNNN\r\n";
+        while (replay.size() < 64 * 200) replay += "2004-06-19-08-00-00;fly\r\n";
+        t.openReplay = [&](const QString&) { return std::make_unique<SlowSource>(replay); };
+        bool dialogSeen = false;
+        QTimer cancel;
+        QObject::connect(&cancel, &QTimer::timeout, [&] {
+            if (auto* dialog = t.window->findChild<QProgressDialog*>(); dialog && dialog->isVisible()) {
+                dialogSeen = dialog->labelText().contains("hostile.trp");
+                dialog->cancel();
+            }
+        });
+        cancel.start(50);
+        t.files.answers.push_back(t.write("hostile.trp", QByteArray()));
+        t.window->mnuOtevritItem_Click();
+        cancel.stop();
+        QVERIFY(dialogSeen);
+        QVERIFY2(t.messages.texts.value(0).endsWith("nacitani bylo preruseno"), qPrintable(t.messages.texts.join(" | ")));
+        QVERIFY(t.world.lastEventIndex() > 1 && t.world.lastEventIndex() < 200);  // no rollback
+
+        t.openReplay = nullptr;
+        t.messages.texts.clear();
+        t.files.answers.push_back(kAlfaPath);
+        t.window->mnuOtevritItem_Click();
+        QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
+        QCOMPARE(t.window->lblTah->text(), QString("1 (7)"));
     }
 
     // Every open rebuilds the same grid and keeps the same number of child objects, which a

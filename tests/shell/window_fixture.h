@@ -30,9 +30,14 @@ struct QueuedFiles : OpenFileService {
 struct Window {
     Window()
         : window(std::make_unique<frmMain>(
-              world, WindowServices{messages, files, [this](WorldState& w, std::int16_t i, Reporter& r) {
+              world, WindowServices{messages, files,
+                                    [this](WorldState& w, std::int16_t i, Reporter& r) {
                                         applied.push_back(i);
                                         ExecuteEvent(w, i, r);
+                                    },
+                                    [this](const QString& path) -> std::unique_ptr<ReplaySource> {
+                                        if (openReplay) return openReplay(path);
+                                        return std::make_unique<ReplayFile>(path.toStdString());
                                     }})) {}
 
     // Writes a replay (lines joined by CR LF, bytes as given: Windows-1250) and opens it
@@ -67,6 +72,7 @@ struct Window {
     }
 
     WorldState world;
+    ReplayOpener openReplay;  // empty: the file at the path
     RecordingMessages messages;
     QueuedFiles files;
     std::vector<int> applied;
