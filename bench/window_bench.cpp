@@ -5,9 +5,14 @@
 #include <cstdio>
 #include <vector>
 
+#include <random>
+
 #include <QApplication>
 
 #include "shell/frm_main.h"
+#include "playback/action_list.h"
+#include "playback/timeline.h"
+#include "view/action_log.h"
 #include "view/map_grid.h"
 
 namespace {
@@ -49,6 +54,7 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     SilentMessages messages;
     FixedFile file(QString::fromStdString(path));
     frmMain window(world, {messages, file, {}, {}});
+    window.resize(1280, 800);
     window.show();
 
     const double openMs = medianMilliseconds(runs, [&] {
@@ -63,5 +69,29 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         window.grid->repaint();
     });
     std::printf("%-28s %10.3f %s\n", "redraw_ms", redrawMs, "ms (target < 16)");
+    // Jumps from the timeline, the list or the keys: the rebuild, the redraw and every panel.
+    const auto jumpAndPaint = [&](int event) {
+        window.jumpTo(event);
+        window.grid->repaint();
+        window.actionList->repaint();
+        window.timeline->repaint();
+    };
+    std::mt19937 random(7);
+    std::uniform_int_distribution<int> anywhere(1, world.eventCount);
+    const double jumpMs = medianMilliseconds(runs, [&] { jumpAndPaint(anywhere(random)); });
+    std::printf("%-28s %10.3f %s\n", "jump_anywhere_ms", jumpMs, "ms (target < 16)");
+
+    const double logMs = medianMilliseconds(runs, [&] { trelvin::ActionLog::Build(world); });
+    std::printf("%-28s %10.3f %s\n", "action_list_build_ms", logMs, "ms (target < 50)");
+
+    // A drag from end to end in one second at 60 moves a second: the slowest move must fit in
+    // one frame, or the position lags behind the mouse.
+    double slowestMove = 0;
+    window.jumpTo(1);
+    for (int move = 1; move <= 60; ++move) {
+        const int event = 1 + (world.eventCount - 1) * move / 60;
+        slowestMove = std::max(slowestMove, medianMilliseconds(1, [&] { jumpAndPaint(event); }));
+    }
+    std::printf("%-28s %10.3f %s\n", "drag_slowest_move_ms", slowestMove, "ms (target < 16.7)");
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

@@ -18,5 +18,6 @@ add_library(trelvin_core STATIC
   view/field_pictures.cpp
   view/field_details.cpp
   view/grid_layout.cpp
+  view/action_log.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

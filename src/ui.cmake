@@ -8,8 +8,12 @@ add_library(trelvin_ui STATIC
   playback/clock_face.cpp
   playback/position_texts.cpp
   playback/player_panel.cpp
+  playback/timeline.cpp
+  playback/action_list.cpp
+  playback/jump_prompt.cpp
   shell/frm_main.cpp
   shell/frm_main_handlers.cpp
+  shell/frm_main_finding.cpp
   shell/open_flow.cpp
   shell/message_service.cpp
   shell/message_reporter.cpp

@@ -22,9 +22,25 @@ std::optional<std::int16_t> fit16(std::int64_t value) {
     return static_cast<std::int16_t>(value);
 }
 
+// The row of a plain name such as "C12": up to four digits and nothing else. Such a row reads
+// the same as a whole number as through the number grammar, only without its cost.
+std::optional<int> plainRow(std::string_view name) {
+    if (name.size() < 2 || name.size() > 5) return std::nullopt;
+    int row = 0;
+    for (const char c : name.substr(1)) {
+        if (c < '0' || c > '9') return std::nullopt;
+        row = row * 10 + (c - '0');
+    }
+    return row;
+}
+
 }  // namespace
 
 std::int16_t FieldIndex(const WorldState& world, std::string_view name) {
+    if (const std::optional<int> row = plainRow(name)) {
+        const std::int64_t zeroBased = std::int64_t{code(name.front()) - kCodeOfA} + std::int64_t{*row} * world.mapWidth;
+        return checked16(std::int64_t{checked16(zeroBased)} + 1);
+    }
     if (isBlank(name)) return 0;
     const auto row = readStrictDouble(name.substr(1));
     if (!row)

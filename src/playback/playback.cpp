@@ -1,5 +1,6 @@
 #include "playback/playback.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -18,27 +19,27 @@ Playback::Playback(WorldState& world, Reporter& reporter, ApplyEvent apply, QObj
 
 bool Playback::isPlaying() const { return timer_->isActive(); }
 
-void Playback::apply(std::int16_t index) { apply_(world_, index, reporter_); }
+void Playback::apply(std::int16_t index, Reporter& reporter) { apply_(world_, index, reporter); }
 
 void Playback::openAtFirstEvent() {
     StepGuard guard(*this);
     position_ = 1;
-    apply(position_);
+    apply(position_, reporter_);
 }
 
 void Playback::first() {
     StepGuard guard(*this);
     position_ = 1;
     updateButtons();
-    apply(position_);
+    apply(position_, reporter_);
     emit moved();
 }
 
-bool Playback::rebuild(std::int16_t last, bool trackPosition) {
+bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
     const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
     for (int index = 1; index <= last; ++index) {
         if (trackPosition) position_ = static_cast<std::int16_t>(index);
-        apply(static_cast<std::int16_t>(index));
+        apply(static_cast<std::int16_t>(index), reporter);
         if (progress && !progress->keepGoing(index, last)) {
             position_ = static_cast<std::int16_t>(index);
             return false;
@@ -50,7 +51,7 @@ bool Playback::rebuild(std::int16_t last, bool trackPosition) {
 void Playback::back() {
     StepGuard guard(*this);
     if (position_ > 0) --position_;
-    rebuild(position_, false);
+    rebuild(position_, false, reporter_);
     updateButtons();
     emit moved();
 }
@@ -59,7 +60,7 @@ void Playback::forward() {
     StepGuard guard(*this);
     if (position_ < world_.eventCount) ++position_;
     updateButtons();
-    apply(position_);
+    apply(position_, reporter_);
     emit moved();
 }
 
@@ -67,7 +68,15 @@ void Playback::last() {
     StepGuard guard(*this);
     // The bound is read once: the count stays what it was when the rebuild began.
     const std::int16_t count = world_.eventCount;
-    if (rebuild(count, true)) position_ = count;
+    if (rebuild(count, true, reporter_)) position_ = count;
+    updateButtons();
+    emit moved();
+}
+
+void Playback::jumpTo(int target, Reporter& quiet) {
+    StepGuard guard(*this);
+    position_ = static_cast<std::int16_t>(std::clamp<int>(target, 1, std::max<int>(world_.eventCount, 1)));
+    rebuild(position_, false, quiet);
     updateButtons();
     emit moved();
 }

@@ -62,6 +62,11 @@ public:
     void forward();
     void last();
 
+    // Moves straight to event `target` (clamped to 1 .. the count) by applying the events from
+    // the first again, as a step back does; their reports go to `quiet` instead of the message
+    // boxes of the steps. Leaves exactly the state the steps would reach.
+    void jumpTo(int target, Reporter& quiet);
+
     // Enables the button groups for the position and records whether it is at either end.
     void updateButtons();
 
@@ -96,10 +101,10 @@ private:
         Playback& playback_;
     };
 
-    void apply(std::int16_t index);
+    void apply(std::int16_t index, Reporter& reporter);
     // Applies events 1 .. `last` in order, the position following when `trackPosition`; false
     // when the progress stopped it early, the position then at the event applied last.
-    bool rebuild(std::int16_t last, bool trackPosition);
+    bool rebuild(std::int16_t last, bool trackPosition, Reporter& reporter);
     void setEnabled(bool& state, bool enabled);
     void onTimeout();
 

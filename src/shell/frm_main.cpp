@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QFile>
 #include <QFileInfo>
 #include <QGroupBox>
@@ -19,10 +20,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
+#include <QStatusBar>
+#include <QVBoxLayout>
 #include <QTimer>
 
 #include "bridge/twips.h"
 #include "playback/clock_face.h"
+#include "playback/timeline.h"
+#include "view/action_log.h"
 #include "shell/slow_task_dialog.h"
 #include "view/map_grid.h"
 
@@ -34,6 +39,8 @@ namespace {
 // The client area as designed, below the menu bar.
 constexpr int kDesignedClientWidth = 6630;
 constexpr int kDesignedClientHeight = 6375;
+// The strip where the slide-show row was designed, which start-up removes.
+constexpr int kSlideRowHeight = 375;
 
 QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
@@ -121,8 +128,15 @@ void frmMain::buildControls() {
     mnuOtevritItem = mnuSoubor->addAction(QStringLiteral("&Otevrit"));
     mnuKonecItem = mnuSoubor->addAction(QStringLiteral("&Konec"));
 
-    auto* client = new QWidget(this);
-    setCentralWidget(client);
+    // The designed client area on top; the strip of the finding aids below it.
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* client = new QWidget(central);
+    client_ = client;
+    column->addWidget(client, 1);
+    setCentralWidget(central);
     // The window's default dialog font, which the designed captions fit, and frames whose
     // caption sits on their top line, so the contents keep their designed places.
     client->setStyleSheet(QStringLiteral(
@@ -206,8 +220,14 @@ void frmMain::buildControls() {
 
     grid = new trelvin::MapGrid(world_, client);
 
-    resize(TwipsToPixels(kDesignedClientWidth),
-           menuBar()->sizeHint().height() + TwipsToPixels(kDesignedClientHeight));
+    buildFindingAids(central);
+    column->addWidget(timeline->parentWidget());
+    // The designed area keeps its size; the panels beside and below it add to the window.
+    client->setMinimumSize(TwipsToPixels(kDesignedClientWidth),
+                           TwipsToPixels(kDesignedClientHeight - kSlideRowHeight));
+    resize(TwipsToPixels(kDesignedClientWidth) + kActionListWidth,
+           menuBar()->sizeHint().height() + TwipsToPixels(kDesignedClientHeight) +
+               timeline->parentWidget()->sizeHint().height() + statusBar()->sizeHint().height());
 }
 
 void frmMain::connectHandlers() {
@@ -295,5 +315,5 @@ QString frmMain::taskLabel(const char* task) const {
 void frmMain::mnuKonecItem_Click() { QApplication::quit(); }
 
 int frmMain::outerWidthTwips() const {
-    return trelvin::PixelsToTwips(frameGeometry().width());
+    return trelvin::PixelsToTwips(frameGeometry().width() - (width() - client_->width()));
 }

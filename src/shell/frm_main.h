@@ -21,6 +21,7 @@
 
 class QAction;
 class QComboBox;
+class QDockWidget;
 class QDragEnterEvent;
 class QDropEvent;
 class QGroupBox;
@@ -32,8 +33,12 @@ class QRadioButton;
 class QTimer;
 
 namespace trelvin {
+class ActionList;
+class ActionLog;
 class ClockFace;
 class MapGrid;
+class Timeline;
+enum class EventKind;
 
 // Where the bytes of the replay at a chosen path come from: the file in the program.
 using ReplayOpener = std::function<std::unique_ptr<ReplaySource>(const QString& path)>;
@@ -54,7 +59,8 @@ public:
             QWidget* parent = nullptr);
     ~frmMain() override;
 
-    // Outer width of the window in twips, as the grid's formula reads it.
+    // Outer width in twips of the window as designed, as the grid's formula reads it: the
+    // panels added beside it are not counted.
     int outerWidthTwips() const;
 
     QMenu* mnuSoubor;
@@ -101,6 +107,24 @@ public:
     trelvin::Playback* playback;
     QTimer* tSlide;
 
+    // Additions for finding one's way through a long replay: the menu "Prejit", the timeline
+    // strip under the window's controls with the position and the time, and the action list.
+    QMenu* mnuPrejit;
+    QAction* jumpToAction;
+    QAction* previousAttack;
+    QAction* nextAttack;
+    QAction* previousCapture;
+    QAction* nextCapture;
+    QAction* previousFailure;
+    QAction* nextFailure;
+    trelvin::Timeline* timeline;
+    QLabel* timelinePosition;
+    QLabel* timelineTime;
+    QDockWidget* actionDock;
+    // Room for the list's number, time, keyword and a good part of the description.
+    static constexpr int kActionListWidth = 480;
+    trelvin::ActionList* actionList;
+
 public slots:
     void Form_Load();
     void mnuOtevritItem_Click();
@@ -133,12 +157,20 @@ public slots:
     void cmbHraci_Click();
     void cmbHraci_Change();
 
+    // Goes straight to an event; what re-applying the events reports goes to the status line.
+    void jumpTo(int event);
+    // Goes to the nearest event of a kind after (or before) the current one.
+    void jumpToNearest(trelvin::EventKind kind, bool forward);
+    // Asks for an action number and goes there.
+    void askForJump();
+
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
     void buildControls();
+    void buildFindingAids(QWidget* client);
     void setTabOrderByLayout();
     void connectHandlers();
     void connectKeys();
@@ -153,9 +185,17 @@ private:
     // The label of the progress dialogs: what is worked on, with the file's name.
     QString taskLabel(const char* task) const;
     trelvin::ViewMode viewMode() const;
+    // The finding aids follow the position, and a newly opened replay.
+    void followPosition();
+    void showReplayInFindingAids();
+    // The timeline asks once per frame at most: the latest request wins.
+    void requestJump(int event);
 
     trelvin::WorldState& world_;
     trelvin::WindowServices services_;
     trelvin::MessageReporter reporter_;
     QString fileName_;
+    QWidget* client_ = nullptr;
+    std::unique_ptr<trelvin::ActionLog> log_;
+    int pendingJump_ = 0;
 };

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
@@ -71,9 +72,12 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
     } catch (const std::exception& failure) {
         services_.messages.showMessage(trelvin::FromCore(failure.what()));
     }
+    showReplayInFindingAids();
 }
 
 void frmMain::RefreshAr() {
+    // The width is read from the laid-out window, shown or not.
+    layout()->activate();
     grid->build(world_.mapHeight, world_.mapWidth, outerWidthTwips());
     growToShowGrid();
 }

@@ -15,6 +15,12 @@ static void row(const char* name, const QByteArray& bytes, const QStringList& ex
     QTest::newRow(name) << bytes << expected << int(source);
 }
 
+// Children that outlive a moment: the style's passing animations are not counted.
+static qsizetype lasting(const QObject& window) {
+    const QList<QObject*> all = window.findChildren<QObject*>();
+    return std::count_if(all.begin(), all.end(), [](QObject* o) { return !o->inherits("QAbstractAnimation"); });
+}
+
 class HostileFilesWindowTest : public QObject {
     Q_OBJECT
 
@@ -157,8 +163,8 @@ private slots:
             QCOMPARE(t.applies([&] { t.window->cmdEnd_Click(); }), Range(1, events));
             t.window->cmdBegin_Click();
             QCoreApplication::processEvents();
-            if (open == 0) children = t.window->findChildren<QObject*>().size();
-            QCOMPARE(t.window->findChildren<QObject*>().size(), children);
+            if (open == 0) children = lasting(*t.window);
+            QCOMPARE(lasting(*t.window), children);
         }
     }
 };

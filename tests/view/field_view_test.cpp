@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "support/world_builder.h"
+#include "view/action_log.h"
 #include "view/field_details.h"
 #include "view/field_pictures.h"
 
@@ -95,6 +96,41 @@ TEST_F(FieldView, PanelLabelsFollowTheWayOfViewing) {
         EXPECT_EQ(panel(name, All), "unchanged") << name;
     for (const char* name : {"B2.5", "B 2", "B2x"}) EXPECT_TRUE(IsValidFieldName(w, name)) << name;
     EXPECT_TRUE(IsValidFieldName(MakeWorld(40, 2, ""), "b1"));  // column 33 exists in a wide world
+}
+
+}  // namespace
+}  // namespace trelvin
+
+namespace trelvin {
+namespace {
+
+using namespace testing;
+
+// Each event once, on a copy: its summary, messages, captures, new hours; the world untouched.
+TEST(ActionLogTest, RecordsWhatEachEventDidWithoutTouchingTheWorld) {
+    WorldState w;
+    ASSERT_TRUE(Load(w, "0;Dobyti;2;2;1;3\n2004-06-19-08-00-00;create_world;NN\n"
+                        "2004-06-19-08-10-00;create_hq;Karel;les;A0\n2004-06-19-08-20-00;create_hq;Jana;louka;B0\n"
+                        "2004-06-19-08-25-00;move;A0;Z9;1\n2004-06-19-09-30-00;attack;A0;B0;1;1;1\n")
+                    .empty());
+    const ActionLog log = ActionLog::Build(w);
+    ASSERT_EQ(log.size(), 8);  // with the start, the hour's rounds and the end
+    EXPECT_EQ(w.actionText + std::to_string(w.lastPlayerIndex()), "0");
+    std::string summaries, flags;
+    for (int i = 1; i <= log.size(); ++i) {
+        const LoggedEvent& e = log.event(i);
+        summaries += e.keyword + ":" + e.summary + "|";
+        flags += std::to_string(e.messages.size()) + (e.headquartersTaken ? "C" : "") + (e.startsAnHour ? "H" : "") + " ";
+    }
+    EXPECT_EQ(summaries, "create_world:Svet Dobyti vytvoren|create_hq:vytvoreni veleni hrace Karel(les)|"
+                         "create_hq:vytvoreni veleni hrace Jana(louka)|start:Zacatek sveta|"
+                         "move:Pohyb 1 jednotek z A0 na Z9|add_rounds:Pridani 3 (za 1 hodin) tahu.|"
+                         "attack:Utok z A0 (Karel) na B0 (Jana) s 1 jednotkami.|end:konec sveta - vitezem se stal typ les|");
+    EXPECT_EQ(flags, "0H 0 0 0 1 0H 0C 0 ");
+    EXPECT_EQ(log.event(5).subjects, "A0 Z9 ");
+    EXPECT_EQ(std::tuple(log.nearest(1, EventKind::Failures, true), log.nearest(8, EventKind::Attacks, false),
+                         log.nearest(7, EventKind::HeadquartersCaptures, true), log.nearest(99, EventKind::Moves, false)),
+              std::tuple(5, 7, 0, 5));
 }
 
 }  // namespace

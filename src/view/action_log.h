@@ -1,0 +1,47 @@
+#pragma once
+// Every event of a replay as applying it once from the first tells: its kind, the first line
+// of its description, the messages it reported and whether a headquarters fell. Built once per
+// opened replay on a copy of the world, so the views can list, mark and find events without
+// re-applying anything.
+#include <string>
+#include <vector>
+
+#include "model/action_keyword.h"
+#include "model/date_time.h"
+#include "model/world_state.h"
+
+namespace trelvin {
+
+struct LoggedEvent {
+    DateTime time;
+    std::string keyword;   // Windows-1250, as in the file
+    Action action = Action::Other;
+    std::string summary;   // the first line of the description
+    std::string subjects;  // the fields and players it names, blank-separated
+    std::vector<std::string> messages;  // what applying it reported, in order
+    bool headquartersTaken = false;     // a player left the game with it
+    bool startsAnHour = false;          // the first event of a new full hour
+};
+
+// Kinds of events, for narrowing the list and for the jumps between them.
+enum class EventKind { All, Attacks, HeadquartersCaptures, Economy, Moves, Lifecycle, Failures };
+
+class ActionLog {
+public:
+    // Applies the loaded events 1 .. the last in the list to a copy of `world`.
+    static ActionLog Build(const WorldState& world);
+
+    int size() const { return static_cast<int>(events_.size()); }
+    // Event `index` (from 1).
+    const LoggedEvent& event(int index) const { return events_.at(static_cast<std::size_t>(index - 1)); }
+
+    bool isOfKind(int index, EventKind kind) const;
+
+    // The nearest event of `kind` after (`forward`) or before `index`; 0 when there is none.
+    int nearest(int index, EventKind kind, bool forward) const;
+
+private:
+    std::vector<LoggedEvent> events_;
+};
+
+}  // namespace trelvin
