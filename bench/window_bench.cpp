@@ -66,13 +66,23 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     window.cmdEnd_Click();
     const double redrawMs = medianMilliseconds(runs, [&] {
         window.Zobraz();
-        window.grid->repaint();
+        window.grid->viewport()->repaint();
     });
     std::printf("%-28s %10.3f %s\n", "redraw_ms", redrawMs, "ms (target < 16)");
+    // The whole map painted at 100 % (what the window shows of it) and at "fit" (all of it).
+    window.grid->setFieldPixels(trelvin::MapGrid::kFieldPixels);
+    const double paint100 = medianMilliseconds(runs, [&] { window.grid->viewport()->repaint(); });
+    std::printf("%-28s %10.3f %s\n", "map_paint_100_ms", paint100, "ms (target < 16)");
+    window.grid->zoomToFit();
+    const double paintFit = medianMilliseconds(runs, [&] { window.grid->viewport()->repaint(); });
+    std::printf("%-28s %10.3f %s (%d px a field)\n", "map_paint_fit_ms", paintFit, "ms (target < 16)",
+                window.grid->fieldPixels());
+    window.grid->setFieldPixels(trelvin::MapGrid::kFieldPixels);
+
     // Jumps from the timeline, the list or the keys: the rebuild, the redraw and every panel.
     const auto jumpAndPaint = [&](int event) {
         window.jumpTo(event);
-        window.grid->repaint();
+        window.grid->viewport()->repaint();
         window.actionList->repaint();
         window.timeline->repaint();
     };

@@ -15,6 +15,8 @@ add_library(trelvin_ui STATIC
   shell/frm_main_handlers.cpp
   shell/frm_main_finding.cpp
   shell/open_flow.cpp
+  shell/map_area.cpp
+  shell/designed_fonts.cpp
   shell/message_service.cpp
   shell/message_reporter.cpp
   shell/open_file_service.cpp

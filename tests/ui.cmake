@@ -13,3 +13,10 @@ trelvin_window_test(map_window_tests shell/map_window_test.cpp)
 trelvin_window_test(keyboard_and_drop_tests shell/keyboard_and_drop_test.cpp)
 trelvin_window_test(navigation_window_tests shell/navigation_window_test.cpp)
 trelvin_window_test(finding_window_tests shell/finding_window_test.cpp)
+
+# On a laptop's screen of 1366 x 768 pixels.
+set(screen_config ${CMAKE_CURRENT_BINARY_DIR}/screen-1366x768.json)
+file(WRITE ${screen_config} [[{"screens": [{"name": "laptop", "x": 0, "y": 0, "width": 1366, "height": 768,
+  "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}]])
+trelvin_window_test(screen_fit_tests shell/screen_fit_test.cpp)
+set_tests_properties(screen_fit_tests PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen:configfile=${screen_config}")

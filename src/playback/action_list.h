@@ -37,6 +37,13 @@ public:
     QLineEdit* searchBox() const { return search_; }
     QTableView* table() const { return table_; }
 
+    // The width the list asks for beside the window.
+    void setPreferredWidth(int width) {
+        preferredWidth_ = width;
+        updateGeometry();
+    }
+    QSize sizeHint() const override { return {preferredWidth_, QWidget::sizeHint().height()}; }
+
 signals:
     void eventChosen(int event);
 
@@ -49,6 +56,7 @@ private:
     QLineEdit* search_;
     QTableView* table_;
     int position_ = 0;
+    int preferredWidth_ = 0;
 };
 
 }  // namespace trelvin

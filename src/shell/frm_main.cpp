@@ -19,15 +19,18 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
 #include <QTimer>
 
 #include "bridge/twips.h"
+#include "playback/action_list.h"
 #include "playback/clock_face.h"
 #include "playback/timeline.h"
 #include "view/action_log.h"
+#include "shell/designed_fonts.h"
 #include "shell/slow_task_dialog.h"
 #include "view/map_grid.h"
 
@@ -39,6 +42,8 @@ namespace {
 // The client area as designed, below the menu bar.
 constexpr int kDesignedClientWidth = 6630;
 constexpr int kDesignedClientHeight = 6375;
+// What a window manager's borders may take of the screen's width.
+constexpr int kFrameAllowance = 16;
 // The strip where the slide-show row was designed, which start-up removes.
 constexpr int kSlideRowHeight = 375;
 
@@ -79,19 +84,6 @@ QGroupBox* makeFrame(QWidget* parent, const char* caption, int left, int top, in
     return frame;
 }
 
-// The designed fonts are Windows fonts; elsewhere take look-alikes of similar width, so the
-// captions fit their designed boxes.
-void substituteDesignedFonts() {
-    QFont::insertSubstitutions(QStringLiteral("MS Sans Serif"),
-                               {QStringLiteral("Microsoft Sans Serif"), QStringLiteral("Arial"),
-                                QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
-                                QStringLiteral("Helvetica")});
-    QFont::insertSubstitutions(QStringLiteral("Comic Sans MS"),
-                               {QStringLiteral("Comic Neue"), QStringLiteral("Comic Relief"),
-                                QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
-                                QStringLiteral("Nimbus Sans")});
-}
-
 }  // namespace
 
 // The pictures and the icon live in the library; make sure the linker keeps them.
@@ -110,7 +102,7 @@ frmMain::frmMain(trelvin::WorldState& world, trelvin::WindowServices services, Q
             return std::make_unique<trelvin::ReplayFile>(QFile::encodeName(path).toStdString());
         };
     loadAssets();
-    substituteDesignedFonts();
+    trelvin::RegisterDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
     setWindowIcon(QIcon(QStringLiteral(":/icon/trelvin.png")));
     buildControls();
@@ -137,13 +129,7 @@ void frmMain::buildControls() {
     client_ = client;
     column->addWidget(client, 1);
     setCentralWidget(central);
-    // The window's default dialog font, which the designed captions fit, and frames whose
-    // caption sits on their top line, so the contents keep their designed places.
-    client->setStyleSheet(QStringLiteral(
-        "QWidget { font-family: 'MS Sans Serif'; font-size: 8pt; }"
-        "QLabel#lblCas { font-family: 'Comic Sans MS'; font-size: 12pt; font-weight: bold; }"
-        "QGroupBox { border: 1px solid palette(mid); border-radius: 2px; margin-top: 7px; }"
-        "QGroupBox::title { subcontrol-origin: margin; left: 6px; padding: 0 2px; }"));
+    client->setStyleSheet(trelvin::DesignedAreaStyle());
 
     ov[0] = makeOption(client, "Ovladat po tazich", 240, 120, 2895, 255);
     ov[1] = makeOption(client, "Slide-show", 3240, 120, 2895, 255);
@@ -218,16 +204,28 @@ void frmMain::buildControls() {
     makeLabel(Frame1, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335, 255);
     lblPPArmady = makeLabel(Frame1, "", Qt::AlignRight, 1320, 1200, 1455, 255);
 
+    // The map lies beneath the controls: the view options' frame keeps its lower edge.
     grid = new trelvin::MapGrid(world_, client);
+    grid->lower();
+    client->installEventFilter(this);
 
+    buildViewMenu();
     buildFindingAids(central);
     column->addWidget(timeline->parentWidget());
     // The designed area keeps its size; the panels beside and below it add to the window.
     client->setMinimumSize(TwipsToPixels(kDesignedClientWidth),
                            TwipsToPixels(kDesignedClientHeight - kSlideRowHeight));
-    resize(TwipsToPixels(kDesignedClientWidth) + kActionListWidth,
-           menuBar()->sizeHint().height() + TwipsToPixels(kDesignedClientHeight) +
-               timeline->parentWidget()->sizeHint().height() + statusBar()->sizeHint().height());
+    // The action list stands beside the designed area where the screen has room for it; on a
+    // narrow screen it starts hidden, and the menu shows it.
+    const int room = (screen() ? screen()->availableGeometry().width() : 1024) -
+                     TwipsToPixels(kDesignedClientWidth) - kFrameAllowance;
+    if (room < kSmallestActionList)
+        actionDock->hide();
+    else {
+        actionList->setPreferredWidth(std::min(kActionListWidth, room));
+        resize(TwipsToPixels(kDesignedClientWidth) + actionDock->sizeHint().width(), height());
+    }
+    resizeClient(QSize(TwipsToPixels(kDesignedClientWidth), TwipsToPixels(kDesignedClientHeight)));
 }
 
 void frmMain::connectHandlers() {
@@ -240,6 +238,8 @@ void frmMain::connectHandlers() {
     connect(grid, &trelvin::MapGrid::clicked, this, &frmMain::m_Click);
     connect(txtPolicko, &QLineEdit::textChanged, this, &frmMain::txtPolicko_Change);
     connect(cmbHraci, &QComboBox::activated, this, &frmMain::cmbHraci_Click);
+    // The box is narrow for long names: its tooltip tells the whole entry.
+    connect(cmbHraci, &QComboBox::currentTextChanged, cmbHraci, &QComboBox::setToolTip);
     connect(cmbHraci->lineEdit(), &QLineEdit::textEdited, this, &frmMain::cmbHraci_Change);
 
     connect(cmdBegin, &QPushButton::clicked, this, &frmMain::cmdBegin_Click);

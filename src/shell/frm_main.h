@@ -109,6 +109,11 @@ public:
 
     // Additions for finding one's way through a long replay: the menu "Prejit", the timeline
     // strip under the window's controls with the position and the time, and the action list.
+    QMenu* mnuZobrazeni;
+    QAction* zoomIn;
+    QAction* zoomOut;
+    QAction* zoomReset;
+    QAction* zoomFit;
     QMenu* mnuPrejit;
     QAction* jumpToAction;
     QAction* previousAttack;
@@ -123,6 +128,7 @@ public:
     QDockWidget* actionDock;
     // Room for the list's number, time, keyword and a good part of the description.
     static constexpr int kActionListWidth = 480;
+    static constexpr int kSmallestActionList = 240;
     trelvin::ActionList* actionList;
 
 public slots:
@@ -165,6 +171,7 @@ public slots:
     void askForJump();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -178,7 +185,16 @@ private:
     QPushButton* buttonForKey(int key) const;
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
+    // The window's size: the designed client area with the panels around it, grown to show
+    // the map at 100 % where the screen has room, never past the screen.
+    void showDesignedClient();
     void growToShowGrid();
+    void resizeClient(QSize client);
+    // Lays the window out now, shown or not, so that sizes read next are current.
+    void settleLayout();
+    // The map area fills the client area right of the panels and below the view options.
+    void placeMapArea();
+    void buildViewMenu();
     // The refresh after every move: texts, clock and players, then the map.
     void refreshAfterMove();
     void showButtonStates();

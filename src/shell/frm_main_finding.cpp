@@ -63,7 +63,6 @@ void frmMain::buildFindingAids(QWidget* central) {
     actionDock->setWidget(actionList);
     actionDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
     addDockWidget(Qt::RightDockWidgetArea, actionDock);
-    resizeDocks({actionDock}, {kActionListWidth}, Qt::Horizontal);
     QAction* showList = actionDock->toggleViewAction();
     showList->setText(QStringLiteral("&Seznam akci"));
     showList->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));

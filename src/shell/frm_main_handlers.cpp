@@ -1,12 +1,16 @@
 // The window's handlers. Each hands its work to the object that does it: the playback moves
 // through the replay, the map grid draws, the clock face shows the time; the window's own
 // part is to put their results into its labels.
+#include <algorithm>
+
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QAbstractItemView>
+#include <QStyle>
 
 #include "bridge/core_text.h"
 #include "model/checked_math.h"
@@ -28,6 +32,22 @@ QTime eventTime(const trelvin::WorldState& world, int index) {
                                      " neexistuje");
     const trelvin::DateTime& time = world.events[static_cast<std::size_t>(index)].time;
     return QTime(time.hour(), time.minute(), time.second());
+}
+
+// The drop-down as wide as its longest entry; the box itself keeps its designed size.
+void widenDropDown(QComboBox* box) {
+    int widest = 0;
+    for (int i = 0; i < box->count(); ++i) widest = std::max(widest, box->fontMetrics().horizontalAdvance(box->itemText(i)));
+    box->view()->setMinimumWidth(widest + 2 * box->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+}
+
+// A label that cannot show its whole text shows it as a tooltip.
+void showWholeTextWhenCut(QLabel* label) {
+    const QRect room = label->contentsRect();
+    const int flags = int(label->alignment()) | (label->wordWrap() ? int(Qt::TextWordWrap) : 0);
+    const QRect needed = label->fontMetrics().boundingRect(room, flags, label->text());
+    const bool cut = needed.height() > room.height() || needed.width() > room.width();
+    label->setToolTip(cut ? label->text() : QString());
 }
 
 }  // namespace
@@ -76,6 +96,7 @@ void frmMain::refreshAfterMove() {
 
 void frmMain::change_info() {
     lbl->setText(trelvin::ActionDescription(world_));
+    showWholeTextWhenCut(lbl);
     lblTah->setText(trelvin::PositionText(playback->position(), world_.eventCount));
     lblCas->setText(trelvin::GeneralDateText(world_.currentTime));
     {
@@ -86,6 +107,7 @@ void frmMain::change_info() {
         cmbHraci->addItems(trelvin::PlayerListEntries(world_));
         // The selection survives by its index, not by the player's name.
         cmbHraci->setCurrentIndex(remembered < cmbHraci->count() ? remembered : -1);
+        widenDropDown(cmbHraci);
     }
     cmbHraci_Change();
     pHod->setTime(std::nullopt);

@@ -1,18 +1,14 @@
 // Opening a replay, from the menu or by a file dropped on the window, and building the map
 // grid for it.
-#include <algorithm>
 #include <exception>
 #include <optional>
 
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QLayout>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
-#include <QScreen>
 #include <QTimer>
 #include <QUrl>
 
@@ -76,34 +72,9 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
 }
 
 void frmMain::RefreshAr() {
-    // The width is read from the laid-out window, shown or not.
-    layout()->activate();
+    // Every replay's map starts at the same place: the window returns to its designed size
+    // first, unless the user made it fill the screen.
+    showDesignedClient();
     grid->build(world_.mapHeight, world_.mapWidth, outerWidthTwips());
     growToShowGrid();
-}
-
-// The grid keeps the place its formula gives it; the window grows to show it whole where
-// the screen has room.
-void frmMain::growToShowGrid() {
-    const trelvin::GridRect content = grid->layout().bounds();
-    if (content.isEmpty()) return;
-    const int margin = trelvin::TwipsToPixels(120);
-    const int clientWidth = trelvin::TwipsToPixels(static_cast<int>(content.right())) + margin;
-    const int clientHeight = trelvin::TwipsToPixels(static_cast<int>(content.bottom())) + margin;
-    QSize wanted(std::max(width(), clientWidth),
-                 std::max(height(), menuBar()->sizeHint().height() + clientHeight));
-    if (wanted == size()) return;
-
-    if (const QScreen* display = screen()) {
-        const QRect room = display->availableGeometry();
-        const QSize frameExtra = frameGeometry().size() - size();
-        wanted = wanted.boundedTo(room.size() - frameExtra);
-        resize(wanted.expandedTo(size()));
-        QRect outer = frameGeometry();
-        if (outer.right() > room.right()) outer.moveRight(room.right());
-        if (outer.bottom() > room.bottom()) outer.moveBottom(room.bottom());
-        move(std::max(outer.left(), room.left()), std::max(outer.top(), room.top()));
-    } else {
-        resize(wanted);
-    }
 }

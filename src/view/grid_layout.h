@@ -50,6 +50,8 @@ public:
     const std::vector<GridLabel>& labels() const { return labels_; }
     int fieldCount() const { return static_cast<int>(fields_.size()); }
     int labelCount() const { return static_cast<int>(labels_.size()); }
+    // Fields in a row of the layout.
+    int columns() const { return columns_; }
 
     // The shown field (1-based) at a point in twips of the window; 0 when there is none.
     int fieldAt(double x, double y) const;

@@ -1,5 +1,7 @@
 #include "view/map_grid.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <exception>
 #include <utility>
@@ -8,7 +10,9 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
+#include <QWheelEvent>
 
 #include "bridge/core_text.h"
 #include "bridge/twips.h"
@@ -18,94 +22,239 @@ namespace trelvin {
 
 namespace {
 
-int floorToPixels(double twips) { return static_cast<int>(std::floor(twips / kTwipsPerPixel)); }
+// The zoom steps, as a field's side in pixels; 20 is 100 %.
+constexpr std::array<int, 17> kSteps{2, 3, 4, 5, 6, 8, 10, 12, 14, 16, 20, 24, 30, 40, 50, 60, 80};
+// The template l(0) writes 12-point text, 16 pixels at the designed density; smaller than
+// this a label is no longer legible and is left out.
+constexpr int kLabelPixels = 16;
+constexpr int kSmallestLegibleLabel = 6;
 
 }  // namespace
 
-MapGrid::MapGrid(WorldState& world, QWidget* parent)
-    : QWidget(parent), world_(world), labelFont_(QStringLiteral("MS Sans Serif"), 12) {
+MapGrid::MapGrid(WorldState& world, QWidget* parent) : QAbstractScrollArea(parent), world_(world) {
     images_.resize(picture::kCount + 1);
     for (int index = 1; index <= picture::kCount; ++index)
-        images_[index] = QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
-    hide();
+        images_[std::size_t(index)] =
+            QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setBackgroundRole(QPalette::Window);
+    viewport()->setMouseTracking(false);
 }
 
 void MapGrid::unloadAll() {
     layout_.clear();
     pictures_.clear();
     pressedField_ = 0;
-    fitToContent();
+    bounds_ = {};
+    fieldPixels_ = kFieldPixels;
+    updateScrollBars();
+    viewport()->update();
 }
 
 void MapGrid::build(int rows, int columns, double windowWidth) {
     // Whatever was loaded before a failure stays, as the window shows it.
-    struct RefitOnExit {
+    struct Refresh {
         MapGrid& grid;
-        ~RefitOnExit() {
+        ~Refresh() {
             grid.pictures_.resize(grid.layout_.fields().size(), picture::kFreeLand);
-            grid.fitToContent();
+            grid.bounds_ = grid.layout_.bounds();
+            grid.setAreaOrigin(grid.areaOrigin_);
         }
-    } refit{*this};
+    } refresh{*this};
     layout_.build(rows, columns, windowWidth);
 }
 
 void MapGrid::redraw(ViewMode mode) {
     pictures_ = RedrawPictures(world_, mode, fieldCount());
-    update();
+    viewport()->update();
 }
 
-void MapGrid::fitToContent() {
-    const GridRect bounds = layout_.bounds();
-    if (bounds.isEmpty()) {
-        hide();
-        return;
+void MapGrid::setAreaOrigin(QPoint twips) {
+    areaOrigin_ = twips;
+    const auto pixels = [](double from, double to) {
+        return std::max(0, static_cast<int>(std::floor((to - from) / kTwipsPerPixel)));
+    };
+    margin_ = bounds_.isEmpty() ? QPoint()
+                                : QPoint(pixels(twips.x(), bounds_.left), pixels(twips.y(), bounds_.top));
+    updateScrollBars();
+    viewport()->update();
+}
+
+QSize MapGrid::contentSize(int fieldPixels) const {
+    if (bounds_.isEmpty()) return {};
+    const double scale = double(fieldPixels) / GridLayout::kFieldSize;
+    return QSize(margin_.x() + int(std::lround(bounds_.width * scale)),
+                 margin_.y() + int(std::lround(bounds_.height * scale)));
+}
+
+QRect MapGrid::contentRect(const GridRect& twips) const {
+    const double scale = double(fieldPixels_) / GridLayout::kFieldSize;
+    return QRect(margin_.x() + int(std::lround((twips.left - bounds_.left) * scale)),
+                 margin_.y() + int(std::lround((twips.top - bounds_.top) * scale)),
+                 int(std::lround(twips.width * scale)), int(std::lround(twips.height * scale)));
+}
+
+QPoint MapGrid::scroll() const {
+    return QPoint(horizontalScrollBar()->value(), verticalScrollBar()->value());
+}
+
+void MapGrid::updateScrollBars() {
+    // The view as it will be once the bars that the content needs are shown, and only those:
+    // measured from the current view, a bar once shown would keep itself in place.
+    const QSize content = contentSize(fieldPixels_);
+    const QSize whole = maximumViewportSize();
+    const QSize bars(verticalScrollBar()->sizeHint().width(), horizontalScrollBar()->sizeHint().height());
+    QSize view = whole;
+    for (int pass = 0; pass < 2; ++pass) {
+        if (content.width() > view.width()) view.setHeight(whole.height() - bars.height());
+        if (content.height() > view.height()) view.setWidth(whole.width() - bars.width());
     }
-    const QPoint topLeft(floorToPixels(bounds.left), floorToPixels(bounds.top));
-    const QPoint bottomRight(floorToPixels(bounds.right()), floorToPixels(bounds.bottom()));
-    originTwips_ = topLeft * kTwipsPerPixel;
-    setGeometry(QRect(topLeft, QSize(bottomRight.x() - topLeft.x(), bottomRight.y() - topLeft.y())));
-    show();
-    update();
+    horizontalScrollBar()->setRange(0, std::max(0, content.width() - view.width()));
+    verticalScrollBar()->setRange(0, std::max(0, content.height() - view.height()));
+    horizontalScrollBar()->setPageStep(view.width());
+    verticalScrollBar()->setPageStep(view.height());
+    horizontalScrollBar()->setSingleStep(fieldPixels_);
+    verticalScrollBar()->setSingleStep(fieldPixels_);
 }
 
-QRect MapGrid::toWidgetPixels(const GridRect& twips) const {
-    return QRect(floorToPixels(twips.left - originTwips_.x()), floorToPixels(twips.top - originTwips_.y()),
-                 floorToPixels(twips.width), floorToPixels(twips.height));
+void MapGrid::setFieldPixels(int pixels, std::optional<QPoint> anchor) {
+    pixels = std::clamp(pixels, kSteps.front(), kSteps.back());
+    if (pixels == fieldPixels_) return;
+    // The point under the anchor, in fields from the grid's corner, stays under it.
+    const QPoint at = anchor.value_or(QPoint());
+    const QPointF fields = QPointF(at + scroll() - margin_) / fieldPixels_;
+    fieldPixels_ = pixels;
+    updateScrollBars();
+    const QPointF wanted = fields * pixels + QPointF(margin_) - QPointF(at);
+    horizontalScrollBar()->setValue(int(std::lround(wanted.x())));
+    verticalScrollBar()->setValue(int(std::lround(wanted.y())));
+    viewport()->update();
+    emit zoomChanged(pixels);
+}
+
+void MapGrid::zoomIn(std::optional<QPoint> anchor) {
+    const auto next = std::upper_bound(kSteps.begin(), kSteps.end(), fieldPixels_);
+    if (next != kSteps.end()) setFieldPixels(*next, anchor);
+}
+
+void MapGrid::zoomOut(std::optional<QPoint> anchor) {
+    const auto next = std::lower_bound(kSteps.begin(), kSteps.end(), fieldPixels_);
+    if (next != kSteps.begin()) setFieldPixels(*std::prev(next), anchor);
+}
+
+void MapGrid::zoomToFit() {
+    if (bounds_.isEmpty()) return;
+    const QSize view = viewport()->size();
+    const double across = bounds_.width / GridLayout::kFieldSize;
+    const double down = bounds_.height / GridLayout::kFieldSize;
+    const int pixels = int(std::min((view.width() - margin_.x()) / across, (view.height() - margin_.y()) / down));
+    setFieldPixels(std::clamp(pixels, kSteps.front(), kSteps.back()));
+    horizontalScrollBar()->setValue(0);
+    verticalScrollBar()->setValue(0);
+}
+
+QRect MapGrid::fieldRectInViewport(int k) const {
+    if (k < 1 || k > fieldCount()) return {};
+    return contentRect(layout_.fields()[std::size_t(k - 1)].rect).translated(-scroll());
+}
+
+int MapGrid::fieldAt(QPoint viewportPoint) const {
+    if (bounds_.isEmpty()) return 0;
+    // The pixel's centre, in twips of the window.
+    const QPointF content = QPointF(viewportPoint + scroll() - margin_) + QPointF(0.5, 0.5);
+    const double twipsPerPixel = double(GridLayout::kFieldSize) / fieldPixels_;
+    return layout_.fieldAt(bounds_.left + content.x() * twipsPerPixel, bounds_.top + content.y() * twipsPerPixel);
+}
+
+const std::vector<QPixmap>& MapGrid::scaledPictures() {
+    const qreal ratio = viewport()->devicePixelRatioF();
+    if (scaledFor_ == fieldPixels_ && scaledRatio_ == ratio) return scaled_;
+    // Whole factors and more stay crisp; below 100 % the pictures are smoothed.
+    const Qt::TransformationMode mode =
+        fieldPixels_ < kFieldPixels ? Qt::SmoothTransformation : Qt::FastTransformation;
+    const int side = int(std::lround(fieldPixels_ * ratio));
+    scaled_.assign(images_.size(), QPixmap());
+    for (std::size_t i = 1; i < images_.size(); ++i) {
+        if (images_[i].isNull()) continue;
+        scaled_[i] = images_[i].scaled(side, side, Qt::IgnoreAspectRatio, mode);
+        scaled_[i].setDevicePixelRatio(ratio);
+    }
+    scaledFor_ = fieldPixels_;
+    scaledRatio_ = ratio;
+    return scaled_;
 }
 
 void MapGrid::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    // Field pictures stay crisp when scaled to the device pixel ratio.
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    const QRect dirty = event->rect();
+    if (bounds_.isEmpty()) return;
+    QPainter painter(viewport());
+    const QPoint offset = scroll();
+    painter.translate(-offset);
+    const QRect exposed = event->rect().translated(offset);
+    const std::vector<QPixmap>& pictures = scaledPictures();
+
+    // Only the fields in the exposed part: they lie in rows of `columns` from the first one.
     const std::vector<GridField>& fields = layout_.fields();
-    for (std::size_t index = 0; index < fields.size(); ++index) {
-        if (!fields[index].visible) continue;
-        const QRect target = toWidgetPixels(fields[index].rect);
-        if (!target.intersects(dirty)) continue;
-        const int shown = pictures_[index];
-        if (shown >= 1 && shown <= picture::kCount && !images_[shown].isNull())
-            painter.drawPixmap(target, images_[shown]);
-        else
-            painter.fillRect(target, Qt::darkGray);
+    const int columns = layout_.columns();
+    if (!fields.empty() && columns > 0) {
+        const QRect first = contentRect(fields.front().rect);
+        const int rows = (fieldCount() + columns - 1) / columns;
+        const int size = fieldPixels_;
+        const int c0 = std::clamp((exposed.left() - first.left()) / size - 1, 0, columns - 1);
+        const int c1 = std::clamp((exposed.right() - first.left()) / size + 1, 0, columns - 1);
+        const int r0 = std::clamp((exposed.top() - first.top()) / size - 1, 0, rows - 1);
+        const int r1 = std::clamp((exposed.bottom() - first.top()) / size + 1, 0, rows - 1);
+        for (int r = r0; r <= r1; ++r) {
+            for (int c = c0; c <= c1; ++c) {
+                const int k = r * columns + c + 1;
+                if (k > fieldCount() || !fields[std::size_t(k - 1)].visible) continue;
+                const QRect target(first.left() + c * size, first.top() + r * size, size, size);
+                const int shown = pictures_[std::size_t(k - 1)];
+                if (shown >= 1 && shown <= picture::kCount && !pictures[std::size_t(shown)].isNull())
+                    painter.drawPixmap(target.topLeft(), pictures[std::size_t(shown)]);
+                else
+                    painter.fillRect(target, Qt::darkGray);
+            }
+        }
     }
-    painter.setFont(labelFont_);
+
+    // The letters and numbers stay at the edge of the view while the map scrolls under them.
+    const QRect view(offset, viewport()->size());
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setPixelSize(kLabelPixels * fieldPixels_ / kFieldPixels);
+    const bool legible = font.pixelSize() >= kSmallestLegibleLabel;
+    painter.setFont(font);
     painter.setPen(palette().color(QPalette::WindowText));
-    for (const GridLabel& label : layout_.labels()) {
+    const QColor band = palette().color(QPalette::Window);
+    const int columnLabels = std::min(columns, layout_.labelCount());
+    for (int n = 1; n <= layout_.labelCount(); ++n) {
+        const GridLabel& label = layout_.labels()[std::size_t(n - 1)];
         if (!label.visible) continue;
-        const QRect target = toWidgetPixels(label.rect);
-        if (target.intersects(dirty)) painter.drawText(target, Qt::AlignCenter, FromCore(label.caption));
+        QRect target = contentRect(label.rect);
+        if (n <= columnLabels)
+            target.moveTop(std::max(target.top(), view.top()));
+        else
+            target.moveLeft(std::max(target.left(), view.left()));
+        if (!target.intersects(exposed)) continue;
+        painter.fillRect(target, band);
+        if (legible) painter.drawText(target, Qt::AlignCenter, FromCore(label.caption));
+    }
+    // Where the two rows of labels meet when both stick to the edges.
+    if (!layout_.labels().empty() && (view.top() > 0 || view.left() > 0)) {
+        const QRect corner = contentRect(GridRect{bounds_.left, bounds_.top, double(GridLayout::kFieldSize),
+                                                  double(GridLayout::kFieldSize)});
+        painter.fillRect(QRect(QPoint(std::max(corner.left(), view.left()), std::max(corner.top(), view.top())),
+                               corner.size()),
+                         band);
     }
 }
 
-int MapGrid::fieldAt(const QPoint& point) const {
-    // The pixel's centre, in twips of the window.
-    return layout_.fieldAt(originTwips_.x() + (point.x() + 0.5) * kTwipsPerPixel,
-                           originTwips_.y() + (point.y() + 0.5) * kTwipsPerPixel);
+void MapGrid::resizeEvent(QResizeEvent* event) {
+    QAbstractScrollArea::resizeEvent(event);
+    updateScrollBars();
 }
 
-bool MapGrid::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+bool MapGrid::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const int k = fieldAt(help->pos());
     QString name;
@@ -121,9 +270,20 @@ bool MapGrid::event(QEvent* event) {
         event->ignore();
     } else {
         // Bound to the field, so the tooltip follows the pointer to the next field.
-        QToolTip::showText(help->globalPos(), name, this, toWidgetPixels(layout_.fields()[k - 1].rect));
+        QToolTip::showText(help->globalPos(), name, viewport(), fieldRectInViewport(k));
     }
     return true;
+}
+
+// The labels stay at the edges, so the view is painted anew rather than shifted.
+void MapGrid::scrollContentsBy(int, int) { viewport()->update(); }
+
+void MapGrid::wheelEvent(QWheelEvent* event) {
+    if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
+    const int steps = event->angleDelta().y() / 120;
+    const QPoint at = event->position().toPoint();
+    for (int i = 0; i < std::abs(steps); ++i) steps > 0 ? zoomIn(at) : zoomOut(at);
+    event->accept();
 }
 
 void MapGrid::mousePressEvent(QMouseEvent* event) {

@@ -1,12 +1,17 @@
 #pragma once
-// The map: one painted widget holding the field pictures m(1..) and the grid labels l(1..),
-// so that maps of ten thousand fields open and redraw at once. It is given the world once and
-// a way of viewing at each redraw, and paints the pictures that redraw chose. Positions are
-// twips of the window's client area; the widget covers their bounding box.
+// The map: the field pictures m(1..) and the grid labels l(1..) painted in one scrolling area,
+// so that maps of ten thousand fields open, redraw and scroll at once. It is given the world
+// once and a way of viewing at each redraw, and paints the pictures that redraw chose.
+//
+// Positions follow the grid's layout in twips of the window. The area's own top-left corner
+// stands at a place of the window too; at 100 % every element appears exactly where the
+// layout puts it, and zooming scales the grid from its top-left corner. The column letters
+// and row numbers stay in view while the map scrolls.
+#include <optional>
 #include <vector>
 
+#include <QAbstractScrollArea>
 #include <QPixmap>
-#include <QWidget>
 
 #include "model/world_state.h"
 #include "view/field_pictures.h"
@@ -14,11 +19,14 @@
 
 namespace trelvin {
 
-class MapGrid : public QWidget {
+class MapGrid : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    MapGrid(WorldState& world, QWidget* parent = nullptr);
+    // A field's side in logical pixels at 100 %: 300 twips.
+    static constexpr int kFieldPixels = 20;
+
+    explicit MapGrid(WorldState& world, QWidget* parent = nullptr);
 
     // Unloads m(1) .. and l(1) ..; the templates stay.
     void unloadAll();
@@ -35,28 +43,58 @@ public:
     const GridLayout& layout() const { return layout_; }
     int fieldCount() const { return layout_.fieldCount(); }
     // Picture of field k (1-based).
-    int fieldPicture(int k) const { return pictures_.at(k - 1); }
+    int fieldPicture(int k) const { return pictures_.at(static_cast<std::size_t>(k - 1)); }
+
+    // Where the area's top-left corner stands in the window, in twips.
+    void setAreaOrigin(QPoint twips);
+
+    // The zoom, as a field's side in logical pixels.
+    int fieldPixels() const { return fieldPixels_; }
+    // Zooms so that the point `anchor` of the viewport keeps the field under it, where the
+    // scroll bars allow; without an anchor, the viewport's top-left corner stays.
+    void setFieldPixels(int pixels, std::optional<QPoint> anchor = std::nullopt);
+    void zoomIn(std::optional<QPoint> anchor = std::nullopt);
+    void zoomOut(std::optional<QPoint> anchor = std::nullopt);
+    void zoomToFit();
+
+    // The size of everything the area shows at a zoom, from its top-left corner.
+    QSize contentSize(int fieldPixels) const;
+    // Field k's square, and the field under a point, in viewport pixels; 0 for none.
+    QRect fieldRectInViewport(int k) const;
+    int fieldAt(QPoint viewportPoint) const;
 
 signals:
     void clicked(int k);
+    void zoomChanged(int fieldPixels);
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    void fitToContent();
-    QRect toWidgetPixels(const GridRect& twips) const;
-    int fieldAt(const QPoint& point) const;
+    // An element's square in content pixels at the current zoom.
+    QRect contentRect(const GridRect& twips) const;
+    QPoint scroll() const;
+    void updateScrollBars();
+    // The 16 pictures at the current zoom and pixel density.
+    const std::vector<QPixmap>& scaledPictures();
 
     WorldState& world_;
     GridLayout layout_;
     std::vector<int> pictures_;
     std::vector<QPixmap> images_;  // entry 0 unused
-    QFont labelFont_;
-    QPoint originTwips_;
+    std::vector<QPixmap> scaled_;
+    int scaledFor_ = 0;
+    qreal scaledRatio_ = 0;
+    QPoint areaOrigin_;      // twips
+    GridRect bounds_;        // of the shown elements, twips
+    QPoint margin_;          // from the area's corner to the grid's, pixels
+    int fieldPixels_ = kFieldPixels;
     int pressedField_ = 0;
 };
 

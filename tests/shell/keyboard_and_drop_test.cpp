@@ -27,10 +27,9 @@ static bool drop(frmMain& w, const QList<QUrl>& urls) {
 
 // Asks the grid for the tooltip at the centre of field k.
 static QString hover(trelvin::MapGrid& grid, int k) {
-    const trelvin::GridRect& r = grid.layout().fields().at(k - 1).rect;
-    const QPoint at = (QRectF(r.left, r.top, r.width, r.height).center() / 15).toPoint() - grid.pos();
-    QHelpEvent help(QEvent::ToolTip, at, grid.mapToGlobal(at));
-    QApplication::sendEvent(&grid, &help);
+    const QPoint at = grid.fieldRectInViewport(k).center();
+    QHelpEvent help(QEvent::ToolTip, at, grid.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(grid.viewport(), &help);
     return QToolTip::text();
 }
 

@@ -1,6 +1,5 @@
 // The map in the window: the open flow that builds the grid, the view modes that set its
 // pictures, and the inspection panel filled by clicks and typed names.
-#include "bridge/twips.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -23,8 +22,7 @@ static std::vector<int> pictures(const trelvin::MapGrid& grid) {
 
 // A real mouse click on field k of the painted grid.
 static void clickField(trelvin::MapGrid& grid, int k) {
-    const QPoint centre = trelvin::TwipsToPixels(fieldRect(grid, k).toRect()).center();
-    QTest::mouseClick(&grid, Qt::LeftButton, {}, centre - grid.pos());
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.fieldRectInViewport(k).center());
 }
 
 static QStringList inspection(const frmMain& w) {

@@ -1,0 +1,111 @@
+// The map area and the window's size. The map scrolls and zooms in the client area right of
+// the panels; the window grows to show a map whole where the screen has room, and returns to
+// its designed size for a smaller one.
+#include <algorithm>
+
+#include <QAction>
+#include <QDockWidget>
+#include <QEvent>
+#include <QKeySequence>
+#include <QLayout>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "bridge/twips.h"
+#include "shell/frm_main.h"
+#include "view/map_grid.h"
+
+namespace {
+
+using trelvin::TwipsToPixels;
+
+// The designed client area, after start-up removed the slide-show row's strip.
+constexpr int kDesignedClientWidth = 6630;
+constexpr int kDesignedClientHeight = 6000;
+// The map area: right of the panels (they end at 3015) and below the view options, where the
+// column letters begin.
+constexpr int kMapAreaLeft = 3090;
+constexpr int kMapAreaTop = 2650;
+// Room left beyond the map's last field when the window grows to show it.
+constexpr int kMapMargin = 8;
+
+constexpr QSize kUnknownFrame(16, 48);
+
+QSize designedClient() { return {TwipsToPixels(kDesignedClientWidth), TwipsToPixels(kDesignedClientHeight)}; }
+
+}  // namespace
+
+void frmMain::buildViewMenu() {
+    mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
+    zoomIn = mnuZobrazeni->addAction(QStringLiteral("Pri&blizit mapu"));
+    zoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    zoomOut = mnuZobrazeni->addAction(QStringLiteral("&Oddalit mapu"));
+    zoomOut->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    zoomReset = mnuZobrazeni->addAction(QStringLiteral("&Skutecna velikost (100 %)"));
+    zoomReset->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    zoomFit = mnuZobrazeni->addAction(QStringLiteral("&Cela mapa"));
+    zoomFit->setShortcut(QKeySequence(Qt::Key_F));
+    connect(zoomIn, &QAction::triggered, grid, [this] { grid->zoomIn(); });
+    connect(zoomOut, &QAction::triggered, grid, [this] { grid->zoomOut(); });
+    connect(zoomReset, &QAction::triggered, grid, [this] { grid->setFieldPixels(trelvin::MapGrid::kFieldPixels); });
+    connect(zoomFit, &QAction::triggered, grid, &trelvin::MapGrid::zoomToFit);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == client_ && event->type() == QEvent::Resize) placeMapArea();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::placeMapArea() {
+    const QPoint corner(TwipsToPixels(kMapAreaLeft), TwipsToPixels(kMapAreaTop));
+    grid->setGeometry(QRect(corner, QSize(std::max(0, client_->width() - corner.x()),
+                                          std::max(0, client_->height() - corner.y()))));
+    grid->setAreaOrigin(corner * trelvin::kTwipsPerPixel);
+}
+
+void frmMain::settleLayout() {
+    layout()->activate();
+    centralWidget()->layout()->activate();
+}
+
+void frmMain::resizeClient(QSize client) {
+    settleLayout();
+    QSize wanted = client + (size() - client_->size());
+    // The list beside keeps the width it has; the change goes to the designed area.
+    const int listWidth = actionDock->isVisible() && !actionDock->isFloating() ? actionDock->width() : 0;
+    if (const QScreen* display = screen()) {
+        const QRect room = display->availableGeometry();
+        // A window manager that has not framed the window yet tells no border: leave room for
+        // a usual one, so the title bar stays on the screen.
+        QSize frame = frameGeometry().size() - size();
+        if (frame.isNull() && isVisible()) frame = kUnknownFrame;
+        wanted = wanted.boundedTo(room.size() - frame);
+        resize(wanted);
+        // A window that grew keeps on the screen.
+        QRect outer(frameGeometry().topLeft(), wanted + frame);
+        if (outer.right() > room.right()) outer.moveRight(room.right());
+        if (outer.bottom() > room.bottom()) outer.moveBottom(room.bottom());
+        const QPoint corner(std::max(outer.left(), room.left()), std::max(outer.top(), room.top()));
+        if (corner != frameGeometry().topLeft()) move(corner);
+    } else {
+        resize(wanted);
+    }
+    if (listWidth > 0) resizeDocks({actionDock}, {listWidth}, Qt::Horizontal);
+    settleLayout();
+    placeMapArea();
+}
+
+void frmMain::showDesignedClient() {
+    if (!isMaximized() && !isFullScreen()) resizeClient(designedClient());
+    settleLayout();
+    placeMapArea();
+}
+
+void frmMain::growToShowGrid() {
+    if (isMaximized() || isFullScreen()) return;
+    const QSize content = grid->contentSize(trelvin::MapGrid::kFieldPixels);
+    if (content.isEmpty()) return;
+    const QPoint corner(TwipsToPixels(kMapAreaLeft), TwipsToPixels(kMapAreaTop));
+    resizeClient(designedClient().expandedTo(QSize(corner.x() + content.width() + kMapMargin,
+                                                   corner.y() + content.height() + kMapMargin)));
+}

@@ -1,0 +1,148 @@
+// The window on a 1366 x 768 screen: every map starts at the same place, the window never
+// outgrows the screen, zoom keeps clicks and names on their fields, and every designed caption
+// fits its box.
+#include "model/field_addressing.h"
+#include "playback/position_texts.h"
+#include "shell/window_fixture.h"
+
+using namespace trelvin::testing;
+
+static std::vector<std::string> BlankWorld(int columns, int rows) {
+    return {"0;Prazdny;2;" + std::to_string(columns) + ";" + std::to_string(rows) + ";3",
+            "2004-06-19-08-00-00;create_world;" + std::string(std::size_t(rows * columns), 'N')};
+}
+
+// Where field k's square lies in the window.
+static QRect FieldInWindow(const frmMain& w, int k) {
+    const QRect r = w.grid->fieldRectInViewport(k);
+    return QRect(w.grid->viewport()->mapTo(&w, r.topLeft()), r.size());
+}
+
+static QString Hover(trelvin::MapGrid& grid, QPoint at) {
+    QHelpEvent help(QEvent::ToolTip, at, grid.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(grid.viewport(), &help);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+class ScreenFitTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyMapStartsAtTheSamePlaceAndTheWindowStaysOnTheScreen() {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QCOMPARE(screen.size(), QSize(1366, 768));
+        Window fresh;
+        fresh.window->show();
+        fresh.open("maly.trp", BlankWorld(5, 4));
+        const QRect firstField = FieldInWindow(*fresh.window, 1);
+        const QSize designed = fresh.window->size();
+
+        Window t;
+        t.window->show();
+        for (const auto& [columns, rows] : {std::pair{109, 100}, {60, 40}, {20, 10}, {5, 4}}) {
+            t.open("mapa.trp", BlankWorld(columns, rows));
+            QTest::qWait(50);  // the window manager answers the resize
+            QVERIFY2(screen.contains(t.window->frameGeometry()), qPrintable(QString::number(columns)));
+            const QSize view = t.window->grid->viewport()->size();
+            const QSize content = t.window->grid->contentSize(20);
+            // What the screen cannot show scrolls; a medium map is shown whole.
+            QCOMPARE(t.window->grid->horizontalScrollBar()->maximum(), std::max(0, content.width() - view.width()));
+            if (columns <= 20)
+                QVERIFY2(view.width() >= content.width() && view.height() >= content.height(),
+                         qPrintable(QString("%1x%2 in %3x%4").arg(content.width()).arg(content.height()).arg(view.width()).arg(view.height())));
+        }
+        QCOMPARE(FieldInWindow(*t.window, 1), firstField);
+        QCOMPARE(t.window->size(), designed);
+    }
+
+    void zoomKeepsClicksAndNamesOnTheirFields() {
+        Window t;
+        t.activate();
+        t.open("mapa.trp", BlankWorld(40, 30));
+        trelvin::MapGrid& grid = *t.window->grid;
+        const auto sizes = [&](QAction* action) {
+            action->trigger();
+            return grid.fieldPixels();
+        };
+        QCOMPARE(sizes(t.window->zoomIn), 24);
+        QCOMPARE(sizes(t.window->zoomIn), 30);
+        QCOMPARE(sizes(t.window->zoomOut), 24);
+        QCOMPARE(sizes(t.window->zoomReset), 20);
+        t.window->zoomFit->trigger();
+        QVERIFY(grid.fieldPixels() < 20);
+        QCOMPARE(grid.horizontalScrollBar()->maximum() + grid.verticalScrollBar()->maximum(), 0);
+
+        for (int pixels : {4, 12, 20, 50}) {
+            grid.setFieldPixels(pixels);
+            grid.horizontalScrollBar()->setValue(grid.horizontalScrollBar()->maximum() / 2);
+            for (int k : {1, 40, 621, 1200}) {
+                const QRect field = grid.fieldRectInViewport(k);
+                if (!grid.viewport()->rect().contains(field)) continue;
+                QCOMPARE(grid.fieldAt(field.center()), k);
+                QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, field.center());
+                QCOMPARE(t.window->txtPolicko->text(), QString::fromStdString(trelvin::FieldName(t.world, k)));
+                QTRY_COMPARE(Hover(grid, field.center()), t.window->txtPolicko->text());
+            }
+        }
+
+        // Ctrl and the wheel zoom around the pointer: the field under it stays under it.
+        grid.setFieldPixels(20);
+        const QPoint pointer = grid.fieldRectInViewport(30 * 40 / 2 + 20).center();
+        const int under = grid.fieldAt(pointer);
+        QWheelEvent wheel(pointer, grid.viewport()->mapToGlobal(pointer), {}, QPoint(0, 120), Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(grid.viewport(), &wheel);
+        QCOMPARE(grid.fieldPixels(), 24);
+        QCOMPARE(grid.fieldAt(pointer), under);
+    }
+
+    void everyDesignedCaptionFitsItsBox() {
+        Window t;
+        t.window->show();
+        frmMain& w = *t.window;
+        // The longest values the boxes are meant for.
+        w.lblTah->setText("32767 (32767)");
+        w.lbl->setText("Utok z F4 (Jana) na E3 (volne uzemi) s 32767 jednotkami.\nUtok se zdaril prezilo 32767 "
+                       "jednotek\nDobyto veleni hrace Bartolomej\nAkce stala 32767 tah(u).");
+        w.lblCas->setText(trelvin::GeneralDateText(*trelvin::DateTime::fromParts(2004, 12, 31, 23, 59, 59),
+                                                   QLocale(QLocale::Czech)));
+        for (QLabel* value : {w.lblPocetTahu, w.lblMnozstviNektaru}) value->setText("32767 (+ 255/hod)");
+        w.lblVelikostUzemi->setText("255");
+        w.lblPTyp->setText("Normalni");
+        w.lblPVlastnik->setText("Nedobytne pole");
+        w.lblPTypArmady->setText(QString::fromUtf8("Vosi\u010dka"));
+        w.lblVeleni->setText("Uz nehraje");
+
+        QStringList cut;
+        for (QWidget* widget : w.centralWidget()->findChildren<QWidget*>()) {
+            if (!widget->isVisibleTo(&w) || widget == w.grid || w.grid->isAncestorOf(widget)) continue;
+            const QFontMetrics metrics = widget->fontMetrics();
+            QString text;
+            QSize needed;
+            if (auto* label = qobject_cast<QLabel*>(widget)) {
+                text = label->text();
+                const int flags = int(label->alignment()) | (label->wordWrap() ? int(Qt::TextWordWrap) : 0);
+                needed = metrics.boundingRect(label->contentsRect(), flags, text).size();
+            } else if (auto* option = qobject_cast<QRadioButton*>(widget)) {
+                text = option->text();
+                needed = QSize(option->sizeHint().width(), metrics.height());
+            } else if (auto* button = qobject_cast<QPushButton*>(widget)) {
+                text = button->text();
+                needed = metrics.size(Qt::TextShowMnemonic, text) +
+                         2 * QSize(1, 1) * button->style()->pixelMetric(QStyle::PM_ButtonMargin);
+            } else if (auto* frame = qobject_cast<QGroupBox*>(widget)) {
+                text = frame->title();
+                needed = QSize(metrics.horizontalAdvance(text) + 16, 0);
+            } else {
+                continue;
+            }
+            if (needed.width() > widget->width() || needed.height() > widget->height())
+                cut << QString("'%1' needs %2x%3 in %4x%5")
+                           .arg(text).arg(needed.width()).arg(needed.height()).arg(widget->width()).arg(widget->height());
+        }
+        QVERIFY2(cut.isEmpty(), qPrintable(cut.join("; ")));
+    }
+};
+
+QTEST_MAIN(ScreenFitTest)
+#include "screen_fit_test.moc"
