@@ -25,7 +25,8 @@ TEST(Lifecycle, CreateWorldDescribesResetsAndFailsPastTheTable) {
     At(w, "C0") = Tile{"B", "Karel", "Hovado", 7, false};
     EXPECT_TRUE(Apply(w, Event("create_world", "NB")).empty());
     EXPECT_EQ(w.actionText, "Svet Alfa vytvoren\r\nRozmery: 10x8\r\nRychlost: 3\r\nPocet hracu (limit): 4");
-    EXPECT_EQ(At(w, "A0").terrain + At(w, "A0").owner + At(w, "A0").armyType + At(w, "B0").terrain, "NB");
+    EXPECT_EQ(StateOf(w, "A0"), FieldState("N", "", "", 0));
+    EXPECT_EQ(At(w, "B0").terrain, "B");
     // Past the string nothing changes; the visible flag belongs to the view.
     EXPECT_EQ(std::tuple(At(w, "A0").armyCount, At(w, "A0").visible, At(w, "C0").armyCount,
                          w.lastPlayerIndex()), std::tuple(0, true, 7, 0));
@@ -47,7 +48,7 @@ TEST(Lifecycle, PlayersJoinStartGainHourlyAndEnd) {
     EXPECT_EQ(w.actionText, "Zacatek sveta");
     for (const Player& p : {w.players[1], w.players[2]})
         EXPECT_EQ(std::tuple(p.nectar, p.moves, p.territory, p.playing), std::tuple(500, 15, 1, true));
-    EXPECT_EQ(w.players[1].nectarPerHour * 100 + w.players[2].nectarPerHour, 705);  // swamp 7, rock 5
+    EXPECT_EQ(std::tuple(w.players[1].nectarPerHour, w.players[2].nectarPerHour), std::tuple(7, 5));  // swamp, rock
 
     w.players[2].playing = false;  // players who are out gain too
     EXPECT_TRUE(Apply(w, Event("add_rounds", "", "", 2)).empty());
@@ -87,16 +88,16 @@ TEST_F(Rules, AttackOnFreeLandCostsSevenAndFailedOnesLeaveSurvivors) {
     EXPECT_TRUE(Apply(w, Event("attack", "C4", "D5", 12, true, 9)).empty());
     EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (volne uzemi) s 12 jednotkami.\r\n"
                             "Utok se zdaril prezilo 9 jednotek\r\nAkce stala 7 tah(u).");
-    EXPECT_EQ(At(w, "D5").owner + At(w, "D5").armyType + At(w, "C4").armyType, "KarelBeru\x9Aka");
-    EXPECT_EQ(At(w, "D5").armyCount + At(w, "C4").armyCount * 100, 9);
+    EXPECT_EQ(StateOf(w, "D5"), FieldState("N", "Karel", "Beru\x9Aka", 9));
+    EXPECT_EQ(StateOf(w, "C4"), FieldState("N", "Karel", "", 0));
     EXPECT_EQ(std::tuple(karel().territory, karel().nectarPerHour, karel().moves), std::tuple(2, 24, 8));
 
     At(w, "D4") = Tile{"N", "Jana", "Hovado", 5, false};
     At(w, "C4") = Tile{"N", "Karel", "Beru\x9Aka", 12, false};
     EXPECT_TRUE(Apply(w, Event("attack", "C4", "D4", 10, false, 3)).empty());
     EXPECT_TRUE(w.actionText.ends_with("Utok se nezdaril prezilo 3 jednotek\r\nAkce stala 5 tah(u)."));
-    EXPECT_EQ(At(w, "C4").armyType + std::to_string(At(w, "C4").armyCount) + At(w, "D4").armyType +
-                  std::to_string(At(w, "D4").armyCount) + At(w, "D4").owner, "Beru\x9Aka2Hovado3Jana");
+    EXPECT_EQ(StateOf(w, "C4"), FieldState("N", "Karel", "Beru\x9Aka", 2));
+    EXPECT_EQ(StateOf(w, "D4"), FieldState("N", "Jana", "Hovado", 3));
 }
 
 TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
@@ -105,14 +106,37 @@ TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
     jana().hqField = "D5";
     jana().territory = 2;
     AddPlayer(w, "Twin", "louka", "H0").hqField = "D5";
+    At(w, "A0").owner = "Jana";  // the map's first field
+    w.tiles[0].owner = "Jana";   // the placeholder is no field of the map
     EXPECT_TRUE(Apply(w, Event("attack", "C4", "D5", 12, true, 9)).empty());
     EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (Jana) s 12 jednotkami.\r\nUtok se zdaril prezilo 9 "
                             "jednotek\r\nDobyto veleni hrace Jana\r\nDobyto veleni hrace Twin\r\n"
                             "Akce stala 7 tah(u).");
     EXPECT_FALSE(jana().playing || w.players[3].playing);
     EXPECT_EQ(std::tuple(jana().territory, jana().nectarPerHour, karel().nectarPerHour), std::tuple(1, 5, 19));
-    for (const char* freed : {"E5", "J9", "H0"})
-        EXPECT_EQ(At(w, freed).owner + std::to_string(At(w, freed).armyCount), "0") << freed;
+    for (const char* freed : {"A0", "E5", "J9", "H0"})
+        EXPECT_EQ(std::tuple(At(w, freed).owner, At(w, freed).armyCount), std::tuple("", 0)) << freed;
+    EXPECT_EQ(StateOf(w, "E5"), FieldState("N", "", "Kom\xE1r", 0));  // the type stays
+    EXPECT_EQ(StateOf(w, "D5"), FieldState("B", "Karel", "Beru\x9Aka", 9));
+    EXPECT_EQ(w.tiles[0].owner, "Jana");
+}
+
+TEST(Executor, ReportsMissingEventsAndTakesEachEventsTime) {
+    WorldState w = MakeWorld(2, 1, "NN");
+    w.events.push_back(Event("end"));  // an end with no event before it names nobody
+    w.events[1].time = *DateTime::fromParts(2004, 6, 19, 8, 30, 0);
+    w.eventCount = 1;
+    for (const std::int16_t index : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
+        RecordingReporter reporter;
+        ExecuteEvent(w, index, reporter);
+        EXPECT_EQ(reporter.texts, std::vector<std::string>{std::string(kExecuteErrorPrefix) + "Index mimo rozsah: udalost " +
+                                                          std::to_string(index) + " neexistuje"});
+    }
+    RecordingReporter reporter;
+    ExecuteEvent(w, 1, reporter);
+    EXPECT_TRUE(reporter.texts.empty());
+    EXPECT_EQ(w.currentTime.iso(), "2004-06-19T08:30:00");
+    EXPECT_EQ(w.actionText, "konec sveta - vitezem se stal typ ");
 }
 
 TEST_F(Rules, AttackCostGrowsWithDistanceAndIsLowerOnRock) {
@@ -143,20 +167,21 @@ TEST_F(Rules, ForgedAttackKeepsItsCostLineButRockDoesNot) {
     karel().moves = 15;
     karel().territory = 255;  // before the cost the attack stops at the first failure
     EXPECT_TRUE(stopped(Apply(w, Event("attack", "E5", "F5", 1, true, 1))));
-    EXPECT_EQ(At(w, "F5").owner + std::to_string(karel().moves), "15");
+    EXPECT_EQ(std::tuple(At(w, "F5").owner, karel().moves), std::tuple("", 15));
 }
 
 TEST_F(Rules, MoveCarriesUnitsAndTheirType) {
     At(w, "D5") = Tile{"N", "Jana", "Hovado", 2, false};
     EXPECT_TRUE(Apply(w, Event("move", "C4", "D5", 5)).empty());
     EXPECT_EQ(w.actionText, "Pohyb 5 jednotek z C4 na D5\r\nAkce stala 2 tah(u).");
-    EXPECT_EQ(At(w, "C4").armyCount * 100 + At(w, "D5").armyCount, 707);
-    EXPECT_EQ(At(w, "D5").armyType + At(w, "D5").owner, "Beru\x9AkaJana");
-    EXPECT_EQ(karel().moves + jana().moves * 100, 1513);
+    EXPECT_EQ(StateOf(w, "C4"), FieldState("N", "Karel", "Beru\x9Aka", 7));
+    EXPECT_EQ(StateOf(w, "D5"), FieldState("N", "Jana", "Beru\x9Aka", 7));  // the mover's type, the owner kept
+    EXPECT_EQ(std::tuple(karel().moves, jana().moves), std::tuple(13, 15));
     Apply(w, Event("move", "C4", "F8", 7));  // 3,4 away: twice 5
-    EXPECT_EQ(At(w, "C4").armyType + w.actionText, "Pohyb 7 jednotek z C4 na F8\r\nAkce stala 10 tah(u).");
+    EXPECT_EQ(w.actionText, "Pohyb 7 jednotek z C4 na F8\r\nAkce stala 10 tah(u).");
+    EXPECT_EQ(StateOf(w, "C4"), FieldState("N", "Karel", "", 0));  // an emptied field loses its type
     EXPECT_EQ(Apply(w, Event("move", "C4", "Z99", 1)).size(), 1u);
-    EXPECT_EQ(At(w, "C4").armyCount * 100 + karel().moves, -97);  // units leave before the target fails
+    EXPECT_EQ(std::tuple(At(w, "C4").armyCount, karel().moves), std::tuple(-1, 3));  // units leave before the target fails
 }
 
 TEST_F(Rules, RetreatRefundsHalfAndGoesQuietAfterItsText) {
@@ -201,6 +226,11 @@ TEST_F(Rules, BuyConvertAndTrade) {
     EXPECT_EQ(std::tuple(karel().nectar, jana().nectar), std::tuple(301, 600));
     Apply(w, Event("trade", "Nobody", "Jana", 5));
     EXPECT_EQ(w.players[0].nectar, -5);  // an unknown name is slot 0
+    jana().nectar = 40000;  // nectar is 32-bit on both sides of a trade
+    karel().nectar = -40000;
+    EXPECT_TRUE(Apply(w, Event("trade", "Karel", "Jana", 30000)).empty());
+    EXPECT_EQ(std::tuple(karel().nectar, jana().nectar), std::tuple(-70000, 70000));
+    karel().nectar = 301;
     jana().nectar = 2147483647;
     EXPECT_TRUE(stopped(Apply(w, Event("trade", "Karel", "Jana", 1))));
     EXPECT_EQ(karel().nectar, 300);  // the first step stays

@@ -1,7 +1,10 @@
 // How a replay's values are read: numbers, Windows-1250 text, field names and player names.
 #include <gtest/gtest.h>
 
+#include <cstdio>
+
 #include "model/checked_math.h"
+#include "model/date_time.h"
 #include "model/number_reading.h"
 #include "model/text_encoding.h"
 #include "support/world_builder.h"
@@ -92,6 +95,45 @@ TEST(FieldAddressing, IndexNameDistanceAndPlayerLookups) {
     AddPlayer(players, "", "les", "C0");
     EXPECT_EQ(std::tuple(PlayerIndex(players, "Karel"), PlayerIndex(players, "karel"), PlayerIndex(players, "Karel "),
                          PlayerIndex(players, "")), std::tuple(1, 0, 0, 3));  // the first exact name
+}
+
+}  // namespace
+}  // namespace trelvin
+
+namespace trelvin {
+namespace {
+
+// Every day of years around leap-rule and era boundaries, counted by a plain calendar here
+// and by whole days in the class: both must agree, and each date must read back as itself.
+TEST(DateTimeTest, EveryDayOfCenturyAndLeapBoundariesAndTheRangeLimits) {
+    const auto leap = [](int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; };
+    const int monthDays[12] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (const int first : {100, 399, 1600, 1899, 2003, 2099, 9998}) {
+        DateTime t = *DateTime::fromParts(first, 1, 1, 13, 5, 9);
+        for (int y = first; y <= first + 1; ++y) {
+            for (int m = 1; m <= 12; ++m) {
+                const int days = monthDays[m - 1] + (m == 2 && leap(y));
+                EXPECT_FALSE(DateTime::fromParts(y, m, days + 1, 0, 0, 0)) << y << "-" << m;
+                for (int d = 1; d <= days; ++d) {
+                    char expected[32];
+                    std::snprintf(expected, sizeof expected, "%04d-%02d-%02dT13:05:09", y, m, d);
+                    ASSERT_EQ(t.iso(), expected);
+                    ASSERT_EQ(DateTime::fromParts(y, m, d, 13, 5, 9), t);
+                    if (y < 9999 || m < 12 || d < days) t = t.plusDays(1);
+                }
+            }
+        }
+    }
+    const DateTime last = *DateTime::fromParts(9999, 12, 31, 23, 59, 59);
+    EXPECT_THROW(last.plusSeconds(1), RuleError);
+    EXPECT_THROW(DateTime::fromParts(100, 1, 1, 0, 0, 0)->plusSeconds(-1), RuleError);
+    EXPECT_FALSE(DateTime::fromParts(2004, 6, 19, 24, 0, 0) || DateTime::fromParts(2004, 6, 19, 23, 60, 0) ||
+                 DateTime::fromParts(2004, 6, 19, 23, 0, 60) || DateTime::fromParts(10000, 1, 1, 0, 0, 0) ||
+                 DateTime::fromParts(99, 12, 31, 0, 0, 0) || DateTime::fromParts(2004, 0, 1, 0, 0, 0));
+    const DateTime t = *DateTime::fromParts(2004, 2, 28, 23, 59, 30);
+    EXPECT_EQ(t.fullHour().iso(), "2004-02-28T23:00:00");
+    EXPECT_EQ(t.plusHours(25).fullHour().hoursSince(t.fullHour()), 25);
+    EXPECT_EQ(DateTime().iso(), "1899-12-30T00:00:00");
 }
 
 }  // namespace

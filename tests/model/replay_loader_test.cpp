@@ -121,6 +121,9 @@ TEST(ReplayLoader, LineEndsBlankLinesAndUtf8ChangeNothing) {
         WorldState w;
         ASSERT_TRUE(Load(w, "0;" + name + kAlfa.substr(6)).empty()) << shift;
         EXPECT_EQ(std::tuple(w.worldName.size(), w.eventCount), std::tuple(name.size(), 7)) << shift;
+        const std::vector<std::string> texts = Load(w, "0;" + name + ";2;3;2;3\r\n2004-99-99-00-00-00;fly\r\n");
+        ASSERT_EQ(texts.size(), 1u);
+        EXPECT_TRUE(texts[0].starts_with(std::string(kLoadFailure) + "radek 2: ")) << shift << texts[0];
     }
     WorldState w;
     ASSERT_TRUE(Load(w, "0;Sv\xC4\x9Bt;2;3;2;3\n2004-06-19-08-00-00;buy;A0;Vosi\xC4\x8Dka;4\n").empty());
@@ -152,13 +155,14 @@ TEST_F(FailedLoad, HeaderValuesAreSetInOrderUntilOneFails) {
     EXPECT_EQ(std::tuple(w.worldName, w.playerLimit, w.mapWidth, w.mapHeight, w.speed),
               std::tuple(std::string("B"), 1, 4, 2, 3));
     expectFailure(Load(w, "0;C;1;4;4;256\n"), "speed past 255");
-    EXPECT_EQ(w.mapHeight + w.speed, 7);
+    EXPECT_EQ(std::tuple(w.mapHeight, w.speed), std::tuple(4, 3));  // the height read, the speed as before
 }
 
 TEST_F(FailedLoad, BadLinesStopTheLoadWithoutRollback) {
     for (const char* line : {"2004-06-19-08-00;fly", "2004-06-19-08-00-0x;fly", "2004-13-45-08-00-00;fly",
                              "0099-06-19-08-00-00;fly", "2004-06-19-24-00-00;fly", "2004-06-19-08-00-00",
-                             "2004-06-19-08-00-00;attack;A0;B0;4", "2004-06-19-08-00-00;move;A0;B0;12abc",
+                             "2004-06-19-08-00-00;attack;A0;B0;4",
+                             "2004-06-19-08-00-00;attack;A0;B0;4;1", "2004-06-19-08-00-00;move;A0;B0;12abc",
                              "2004-06-19-08-00-00;trade;A;B;40000", "2004-06-19-08-00-00;attack;A0;B0;1;1e9;1"}) {
         expectFailure(Load(w, "0;B;9;4;4;1\n2004-06-19-07-00-00;fly\n" + std::string(line) +
                                   "\n2004-06-19-09-00-00;fly\n"), line);

@@ -3,6 +3,7 @@
 // events applied one by one, and loads from bytes.
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "engine/event_executor.h"
@@ -43,6 +44,13 @@ inline Player& AddPlayer(WorldState& w, const std::string& name, const std::stri
 }
 
 inline Tile& At(WorldState& w, const std::string& name) { return w.tiles[FieldIndex(w, name)]; }
+
+// A field's terrain, owner, army type and count, compared at once but each by name.
+using FieldState = std::tuple<std::string, std::string, std::string, int>;
+inline FieldState StateOf(WorldState& w, const std::string& name) {
+    const Tile& t = At(w, name);
+    return {t.terrain, t.owner, t.armyType, t.armyCount};
+}
 
 inline ReplayEvent Event(const std::string& action, const std::string& place = "",
                          const std::string& target = "", std::int16_t amount = 0,

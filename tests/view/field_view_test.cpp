@@ -1,10 +1,12 @@
 // What the map and the field panel show of a field in each way of viewing.
 #include <gtest/gtest.h>
 
+#include "model/checked_math.h"
 #include "support/world_builder.h"
 #include "view/action_log.h"
 #include "view/field_details.h"
 #include "view/field_pictures.h"
+#include "view/grid_layout.h"
 
 namespace trelvin {
 namespace {
@@ -47,9 +49,18 @@ TEST_F(FieldView, ASideSeesItsFieldsAndTheirNeighbours) {
     EXPECT_EQ(seen(), "##.../##.../...../.....");  // the corner sees 2 x 2
     draw(AsLouka);
     EXPECT_EQ(seen(), "...../...../.####/.####");
+    At(w, "D3").owner = "";  // louka keeps only the last field
+    At(w, "C3").owner = "";
+    draw(AsLouka);
+    EXPECT_EQ(seen(), "...../...../...##/...##");
+    WorldState column = MakeWorld(1, 3, "NNN");  // one column: the block is cut at both sides
+    AddPlayer(column, "Karel", "les", "A2");
+    RedrawPictures(column, AsLes, 3);
+    EXPECT_EQ(std::tuple(column.tiles[1].visible, column.tiles[2].visible, column.tiles[3].visible),
+              std::tuple(false, true, true));
     w.loaded = false;  // before any load nothing changes
     UpdateVisibility(w, "");
-    EXPECT_EQ(seen(), "...../...../.####/.####");
+    EXPECT_EQ(seen(), "...../...../...##/...##");
 }
 
 TEST_F(FieldView, PicturesShowArmiesAndHeadquartersOnlyToTheirSide) {
@@ -92,7 +103,9 @@ TEST_F(FieldView, PanelLabelsFollowTheWayOfViewing) {
     for (const auto& [field, all, asLes, asLouka] : cases)
         EXPECT_EQ(panel(field, All) + "/" + panel(field, AsLes) + "/" + panel(field, AsLouka),
                   std::string(all) + "/" + asLes + "/" + asLouka) << field;
-    for (const char* name : {"F0", "A4", "b2", "", "B", "@0", "A99999", " A0"})
+    EXPECT_EQ(panel("E3", All), "Normalni|Jana||0");  // the last column and row are fields
+    EXPECT_EQ(panel("A3", All), "|volne uzemi||");
+    for (const char* name : {"F0", "A4", "b2", "", "B", "@0", "A99999", " A0", "A-1"})
         EXPECT_EQ(panel(name, All), "unchanged") << name;
     for (const char* name : {"B2.5", "B 2", "B2x"}) EXPECT_TRUE(IsValidFieldName(w, name)) << name;
     EXPECT_TRUE(IsValidFieldName(MakeWorld(40, 2, ""), "b1"));  // column 33 exists in a wide world
@@ -113,9 +126,13 @@ TEST(ActionLogTest, RecordsWhatEachEventDidWithoutTouchingTheWorld) {
                         "2004-06-19-08-10-00;create_hq;Karel;les;A0\n2004-06-19-08-20-00;create_hq;Jana;louka;B0\n"
                         "2004-06-19-08-25-00;move;A0;Z9;1\n2004-06-19-09-30-00;attack;A0;B0;1;1;1\n")
                     .empty());
+    RecordingReporter played;
+    for (int i = 1; i <= 6; ++i) ExecuteEvent(w, std::int16_t(i), played);
+    const WorldState before = w;  // players in the game: the world's creation takes no headquarters
     const ActionLog log = ActionLog::Build(w);
     ASSERT_EQ(log.size(), 8);  // with the start, the hour's rounds and the end
-    EXPECT_EQ(w.actionText + std::to_string(w.lastPlayerIndex()), "0");
+    EXPECT_EQ(std::tuple(w.actionText, w.lastPlayerIndex(), w.players[1].moves),
+              std::tuple(before.actionText, before.lastPlayerIndex(), before.players[1].moves));
     std::string summaries, flags;
     for (int i = 1; i <= log.size(); ++i) {
         const LoggedEvent& e = log.event(i);
@@ -128,9 +145,62 @@ TEST(ActionLogTest, RecordsWhatEachEventDidWithoutTouchingTheWorld) {
                          "attack:Utok z A0 (Karel) na B0 (Jana) s 1 jednotkami.|end:konec sveta - vitezem se stal typ les|");
     EXPECT_EQ(flags, "0H 0 0 0 1 0H 0C 0 ");
     EXPECT_EQ(log.event(5).subjects, "A0 Z9 ");
+    const std::pair<EventKind, std::string> kinds[] = {
+        {EventKind::All, "12345678"},     {EventKind::Attacks, "7"}, {EventKind::HeadquartersCaptures, "7"},
+        {EventKind::Economy, ""},         {EventKind::Moves, "5"},   {EventKind::Lifecycle, "123468"},
+        {EventKind::Failures, "5"}};
+    for (const auto& [kind, events] : kinds) {
+        std::string found;
+        for (int i = 1; i <= log.size(); ++i)
+            if (log.isOfKind(i, kind)) found += std::to_string(i);
+        EXPECT_EQ(found, events) << int(kind);
+    }
     EXPECT_EQ(std::tuple(log.nearest(1, EventKind::Failures, true), log.nearest(8, EventKind::Attacks, false),
                          log.nearest(7, EventKind::HeadquartersCaptures, true), log.nearest(99, EventKind::Moves, false)),
               std::tuple(5, 7, 0, 5));
+}
+
+}  // namespace
+}  // namespace trelvin
+
+namespace trelvin {
+namespace {
+
+// The grid of a 10 x 10 map in a window 6630 twips wide, the limits of its 16-bit positions,
+// and the field under a point.
+TEST(GridLayoutTest, PlacesFieldsAndLabelsStopsAtItsLimitsAndFindsFields) {
+    GridLayout grid;
+    grid.build(10, 10, 6630);
+    ASSERT_EQ(std::tuple(grid.fieldCount(), grid.labelCount()), std::tuple(100, 20));
+    const auto at = [](const GridRect& r) { return std::tuple(r.left, r.top, r.width, r.height); };
+    EXPECT_EQ(at(grid.fields()[0].rect), std::tuple(3465.0, 2950.0, 300.0, 300.0));
+    EXPECT_EQ(at(grid.fields()[99].rect), std::tuple(6165.0, 5650.0, 300.0, 300.0));
+    EXPECT_EQ(at(grid.labels()[0].rect), std::tuple(3465.0, 2650.0, 300.0, 300.0));   // "A" above m(1)
+    EXPECT_EQ(at(grid.labels()[10].rect), std::tuple(3165.0, 2950.0, 300.0, 300.0));  // "0" left of m(1)
+    EXPECT_EQ(at(grid.labels()[19].rect), std::tuple(3165.0, 5650.0, 300.0, 300.0));  // "9" left of m(91)
+    EXPECT_EQ(grid.labels()[0].caption + grid.labels()[9].caption + grid.labels()[10].caption +
+                  grid.labels()[19].caption, "AJ09");
+    EXPECT_EQ(at(grid.bounds()), std::tuple(3165.0, 2650.0, 3300.0, 3300.0));
+    EXPECT_EQ(std::tuple(grid.fieldAt(3465, 2950), grid.fieldAt(3764, 3249), grid.fieldAt(3765, 3249),
+                         grid.fieldAt(6464, 5949), grid.fieldAt(6465, 5000), grid.fieldAt(3464, 3000),
+                         grid.fieldAt(4000, 2949), grid.fieldAt(4000, 5950)),
+              std::tuple(1, 1, 2, 100, 0, 0, 0, 0));
+
+    // Row 101 and column 110 pass 16 bits: the element is loaded, hidden, and the build stops.
+    const std::tuple<int, int, int, int> limits[] = {{101, 1, 101, 0}, {1, 110, 110, 0}, {100, 1, 100, 101}};
+    for (const auto& [rows, columns, fields, labels] : limits) {
+        GridLayout limited;
+        if (fields == rows * columns && labels > 0)
+            limited.build(rows, columns, 6630);
+        else
+            EXPECT_THROW(limited.build(rows, columns, 6630), RuleError);
+        EXPECT_EQ(std::tuple(limited.fieldCount(), limited.labelCount()), std::tuple(fields, labels));
+        EXPECT_EQ(limited.fields().back().visible, labels > 0);
+    }
+    GridLayout noColumns;  // rows without columns cannot be labelled
+    EXPECT_THROW(noColumns.build(3, 0, 6630), RuleError);
+    EXPECT_EQ(std::tuple(noColumns.labelCount(), noColumns.labels()[0].visible, noColumns.fieldAt(0, 0)),
+              std::tuple(1, false, 0));
 }
 
 }  // namespace
