@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build needs, only when some are missing (run as root).
+# Installs the Debian packages the build and the program need, and any given as arguments,
+# only when some are missing (run as root).
 set -euo pipefail
-packages=(cmake g++ make pkg-config qt6-base-dev libgl-dev nlohmann-json3-dev libgtest-dev
-          googletest libbenchmark-dev "$@")
+build=(cmake g++ make pkg-config qt6-base-dev libgl-dev nlohmann-json3-dev libgtest-dev googletest
+       libbenchmark-dev)
+# What the program loads at run time; the .deb depends on the same.
+runtime=(qt6-qpa-plugins qt6-translations-l10n fonts-liberation2 fonts-comic-neue)
 missing=()
-for p in "${packages[@]}"; do
+for p in "${build[@]}" "${runtime[@]}" "$@"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
 done
 if [ ${#missing[@]} -gt 0 ]; then

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 build="${1:-build}"
 if [ -z "${TRELVIN_ON_VIRTUAL_SCREEN:-}" ]; then
   cmake --build "$build" -j2 --target trelvin-replay trelvin-dump > /dev/null
-  exec env TRELVIN_ON_VIRTUAL_SCREEN=1 xvfb-run -a -s "-screen 0 1024x768x24" "$0" "$build"
+  exec env TRELVIN_ON_VIRTUAL_SCREEN=1 xvfb-run -a -s "-screen 0 1280x800x24" "$0" "$build"
 fi
 
 replay=samples/bitva-u-potoka.trp

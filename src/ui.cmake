@@ -17,6 +17,8 @@ add_library(trelvin_ui STATIC
   shell/open_flow.cpp
   shell/map_area.cpp
   shell/designed_fonts.cpp
+  shell/command_line.cpp
+  shell/qt_translations.cpp
   shell/message_service.cpp
   shell/message_reporter.cpp
   shell/open_file_service.cpp
@@ -26,6 +28,7 @@ add_library(trelvin_ui STATIC
 set_target_properties(trelvin_ui PROPERTIES AUTOMOC ON AUTORCC ON)
 target_include_directories(trelvin_ui PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(trelvin_ui PUBLIC trelvin_core Qt6::Widgets)
+target_compile_definitions(trelvin_ui PRIVATE TRELVIN_VERSION="${PROJECT_VERSION}")
 
 add_executable(trelvin-replay shell/main.cpp)
 target_link_libraries(trelvin-replay PRIVATE trelvin_ui)

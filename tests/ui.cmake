@@ -20,3 +20,12 @@ file(WRITE ${screen_config} [[{"screens": [{"name": "laptop", "x": 0, "y": 0, "w
   "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]}]])
 trelvin_window_test(screen_fit_tests shell/screen_fit_test.cpp)
 set_tests_properties(screen_fit_tests PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen:configfile=${screen_config}")
+
+# On a Czech desktop, the locale generated where it is missing.
+add_executable(czech_desktop_tests shell/czech_desktop_test.cpp)
+set_target_properties(czech_desktop_tests PROPERTIES AUTOMOC ON)
+target_include_directories(czech_desktop_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(czech_desktop_tests PRIVATE trelvin_ui Qt6::Test)
+add_test(NAME czech_desktop_tests
+         COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/shell/with_czech_locale.sh $<TARGET_FILE:czech_desktop_tests>)
+set_tests_properties(czech_desktop_tests PROPERTIES TIMEOUT 120)

@@ -126,12 +126,33 @@ void dump(const Options& options) {
     }
 }
 
+constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
+
+constexpr const char* kHelp =
+    "Loads a Trelvin replay with the viewer's own code, applies every event in turn and prints\n"
+    "JSON Lines: first the load, then one line per event.\n\n"
+    "  --tiles              add every field's terrain, owner, army type and count\n"
+    "  --view all|les|louka add the picture of every field in that way of viewing\n"
+    "  -h, --help           print this help\n"
+    "  -v, --version        print the version\n";
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        if (argument == "-h" || argument == "--help") {
+            std::cout << kUsage << '\n' << kHelp;
+            return 0;
+        }
+        if (argument == "-v" || argument == "--version") {
+            std::cout << "trelvin-dump " << TRELVIN_VERSION << '\n';
+            return 0;
+        }
+    }
     const auto options = parseArguments(argc, argv);
     if (!options) {
-        std::cerr << "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
+        std::cerr << kUsage;
         return 2;
     }
     // The loader and the executor report their own failures; anything else still ends with

@@ -1,15 +1,19 @@
-// trelvin-replay [FILE]: the viewer; FILE is opened at start-up as if chosen in the dialog.
+// trelvin-replay [--help] [--version] [FILE]: the viewer; FILE is opened at start-up as if
+// chosen in the dialog.
 #include <cstdio>
 #include <exception>
 #include <memory>
+#include <optional>
 
 #include <QApplication>
 #include <QTimer>
 
 #include "model/world_state.h"
+#include "shell/command_line.h"
 #include "shell/frm_main.h"
 #include "shell/message_service.h"
 #include "shell/open_file_service.h"
+#include "shell/qt_translations.h"
 
 namespace {
 
@@ -40,17 +44,25 @@ private:
 };
 
 int run(int argc, char* argv[]) {
+    // The arguments are read before the window system is asked for anything.
+    int exitStatus = 0;
+    std::optional<trelvin::ViewerArguments> arguments;
+    {
+        QCoreApplication reader(argc, argv);
+        arguments = trelvin::ReadViewerArguments(QCoreApplication::arguments(), exitStatus);
+    }
+    if (!arguments) return exitStatus;
+
     ViewerApplication application(argc, argv);
+    trelvin::InstallQtTranslations(application);
     // Ties the window to the installed desktop entry and its icon.
-    QApplication::setDesktopFileName(QStringLiteral("trelvin-replay"));
+    QApplication::setDesktopFileName(QStringLiteral("io.github.trelvin.Replay"));
     trelvin::WorldState world;
     trelvin::MessageBoxService messages;
     trelvin::FileDialogService dialog;
 
-    const QStringList arguments = QApplication::arguments();
     std::unique_ptr<trelvin::OpenFileService> commandLine;
-    if (arguments.size() > 1)
-        commandLine = std::make_unique<trelvin::PresetFirstChoice>(arguments.at(1), dialog);
+    if (arguments->file) commandLine = std::make_unique<trelvin::PresetFirstChoice>(*arguments->file, dialog);
     trelvin::OpenFileService& files = commandLine ? *commandLine : dialog;
 
     frmMain window(world, {messages, files, {}, {}});
