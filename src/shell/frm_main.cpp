@@ -22,30 +22,33 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
-#include <QVBoxLayout>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "bridge/twips.h"
 #include "playback/action_list.h"
 #include "playback/clock_face.h"
 #include "playback/timeline.h"
-#include "view/action_log.h"
 #include "shell/designed_fonts.h"
+#include "shell/designed_layout.h"
 #include "shell/slow_task_dialog.h"
+#include "view/action_log.h"
 #include "view/map_grid.h"
 
+using trelvin::kDesignedClientHeight;
+using trelvin::kDesignedClientWidth;
+using trelvin::kSlideRowHeight;
 using trelvin::PlaceByTwips;
 using trelvin::TwipsToPixels;
 
 namespace {
 
-// The client area as designed, below the menu bar.
-constexpr int kDesignedClientWidth = 6630;
-constexpr int kDesignedClientHeight = 6375;
 // What a window manager's borders may take of the screen's width.
 constexpr int kFrameAllowance = 16;
-// The strip where the slide-show row was designed, which start-up removes.
-constexpr int kSlideRowHeight = 375;
+// Room for the action list's number, time, keyword and a good part of the description; a
+// screen without room for the smallest useful list starts with it hidden.
+constexpr int kActionListWidth = 480;
+constexpr int kSmallestActionList = 240;
 
 QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);

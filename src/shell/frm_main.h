@@ -126,9 +126,6 @@ public:
     QLabel* timelinePosition;
     QLabel* timelineTime;
     QDockWidget* actionDock;
-    // Room for the list's number, time, keyword and a good part of the description.
-    static constexpr int kActionListWidth = 480;
-    static constexpr int kSmallestActionList = 240;
     trelvin::ActionList* actionList;
 
 public slots:

@@ -12,6 +12,7 @@
 #include <QScreen>
 
 #include "bridge/twips.h"
+#include "shell/designed_layout.h"
 #include "shell/frm_main.h"
 #include "view/map_grid.h"
 
@@ -19,9 +20,6 @@ namespace {
 
 using trelvin::TwipsToPixels;
 
-// The designed client area, after start-up removed the slide-show row's strip.
-constexpr int kDesignedClientWidth = 6630;
-constexpr int kDesignedClientHeight = 6000;
 // The map area: right of the panels (they end at 3015) and below the view options, where the
 // column letters begin.
 constexpr int kMapAreaLeft = 3090;
@@ -31,7 +29,11 @@ constexpr int kMapMargin = 8;
 
 constexpr QSize kUnknownFrame(16, 48);
 
-QSize designedClient() { return {TwipsToPixels(kDesignedClientWidth), TwipsToPixels(kDesignedClientHeight)}; }
+// The designed client area, after start-up removed the slide-show row's strip.
+QSize designedClient() {
+    return {TwipsToPixels(trelvin::kDesignedClientWidth),
+            TwipsToPixels(trelvin::kDesignedClientHeight - trelvin::kSlideRowHeight)};
+}
 
 }  // namespace
 

@@ -67,14 +67,12 @@ private slots:
         QCOMPARE(t.window->lblTah->text(), QString("1 (0)"));
     }
 
+    // Past the grid's limits the flow reports the overflow and stops before enabling the panels.
     void gridPositionsOverflowFrom101RowsOr110Columns() {
-        const std::tuple<int, int, bool> cases[] = {{1, 100, false}, {1, 101, true}, {109, 1, false}, {110, 1, true}};
-        for (const auto& [columns, rows, overflows] : cases) {
+        for (const auto& [columns, rows, overflows] : {std::tuple{1, 101, true}, {110, 1, true}, {109, 100, false}}) {
             Window t;
             t.open("velky.trp", BlankWorld(columns, rows));
             QCOMPARE(t.messages.texts, overflows ? QStringList{"Preteceni (hodnota mimo povoleny rozsah)"} : QStringList{});
-            QCOMPARE(t.window->grid->fieldCount(), rows * columns);
-            QCOMPARE(t.window->grid->layout().labelCount(), overflows ? 0 : rows + columns);
             QCOMPARE(t.window->txtPolicko->isEnabled(), !overflows);
         }
     }
