@@ -29,6 +29,20 @@ std::string_view trimBlanks(std::string_view text) {
                     "Nespravny typ: '" + std::string(text) + "' neni cislo");
 }
 
+// Nearly every number of a replay is a few plain digits, perhaps after a minus: such a text
+// reads the same under every rule below, and fits 16 bits, so it skips them.
+std::optional<std::int16_t> readPlainSmallNumber(std::string_view text) {
+    const bool negative = !text.empty() && text.front() == '-';
+    const std::string_view digits = text.substr(negative ? 1 : 0);
+    if (digits.empty() || digits.size() > 4) return std::nullopt;
+    int value = 0;
+    for (const char c : digits) {
+        if (!isDigit(c)) return std::nullopt;
+        value = value * 10 + (c - '0');
+    }
+    return static_cast<std::int16_t>(negative ? -value : value);
+}
+
 }  // namespace
 
 std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
@@ -93,12 +107,14 @@ std::uint8_t readWholeByte(std::string_view text) {
 }
 
 std::int16_t readStrictNumber(std::string_view text) {
+    if (const auto plain = readPlainSmallNumber(text)) return *plain;
     const auto value = readStrictDouble(text);
     if (!value) throwTypeMismatch(text);
     return roundTo16(*value);
 }
 
 std::int16_t readLeadingNumber(std::string_view text) {
+    if (const auto plain = readPlainSmallNumber(text)) return *plain;
     const auto prefix = readNumberPrefix(text);
     return prefix ? roundTo16(prefix->value) : 0;
 }

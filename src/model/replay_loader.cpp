@@ -134,19 +134,44 @@ std::string_view trimSpaces(std::string_view text) {
     return text;
 }
 
-// Splits into `parts`, reusing its storage: the loader splits every line.
+// Splits into `parts`, reusing its storage: the loader splits every line. Its fields are
+// short, so a plain scan beats a library search per field.
 void split(std::string_view text, char separator, std::vector<std::string_view>& parts) {
     parts.clear();
-    std::size_t start = 0;
-    while (true) {
-        const std::size_t end = text.find(separator, start);
-        if (end == std::string_view::npos) {
-            parts.push_back(text.substr(start));
-            return;
+    const char* start = text.data();
+    const char* const end = text.data() + text.size();
+    for (const char* c = start; c != end; ++c) {
+        if (*c == separator) {
+            parts.emplace_back(start, static_cast<std::size_t>(c - start));
+            start = c + 1;
         }
-        parts.push_back(text.substr(start, end - start));
-        start = end + 1;
     }
+    parts.emplace_back(start, static_cast<std::size_t>(end - start));
+}
+
+// The form every writer uses, "dddd-dd-dd-dd-dd-dd", read without the general rules' checks:
+// nearly every line of a replay starts with it.
+bool readPlainTimeStamp(std::string_view field, int (&values)[6]) {
+    if (field.size() != 19) return false;
+    for (std::size_t dash = 4; dash < 19; dash += 3)
+        if (field[dash] != '-') return false;
+    unsigned notDigits = 0;
+    const auto digit = [&](std::size_t at) {
+        const unsigned value = static_cast<unsigned char>(field[at]) - unsigned{'0'};
+        notDigits |= value > 9;
+        return static_cast<int>(value);
+    };
+    values[0] = digit(0) * 1000 + digit(1) * 100 + digit(2) * 10 + digit(3);
+    for (std::size_t i = 1; i < 6; ++i) values[i] = digit(2 + 3 * i) * 10 + digit(3 + 3 * i);
+    return notDigits == 0;
+}
+
+// The date of the six pieces: the middle two as day and month, or the other way round.
+DateTime dateOf(std::string_view field, const int (&values)[6]) {
+    const auto [year, a, b, hour, minute, second] = values;
+    if (auto time = DateTime::fromParts(year, b, a, hour, minute, second)) return *time;
+    if (auto time = DateTime::fromParts(year, a, b, hour, minute, second)) return *time;
+    throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
 }
 
 // "year-a-b-hour-minute-second": a is the day and b the month, or the other way round when
@@ -157,6 +182,7 @@ DateTime readTimeStamp(std::string_view field) {
         throw LoadFailure{"casovy udaj '" + std::string(field) + "' " + what};
     };
     int values[6];
+    if (readPlainTimeStamp(field, values)) return dateOf(field, values);
     std::size_t pos = 0;
     for (int i = 0; i < 6; ++i) {
         if (i > 0) {
@@ -174,20 +200,11 @@ DateTime readTimeStamp(std::string_view field) {
         if (digits == 0 || (pos < field.size() && field[pos] != '-')) return fail("neni platne datum");
         values[i] = value;
     }
-    const auto [year, a, b, hour, minute, second] = values;
-    if (auto time = DateTime::fromParts(year, b, a, hour, minute, second)) return *time;
-    if (auto time = DateTime::fromParts(year, a, b, hour, minute, second)) return *time;
-    throw LoadFailure{"casovy udaj '" + std::string(field) + "' neni platne datum"};
+    return dateOf(field, values);
 }
 
 // The first full hour strictly after `time`.
-DateTime nextFullHour(const DateTime& time) {
-    DateTime result = time;
-    if (result.second() > 0) result = result.plusSeconds(60 - result.second());
-    if (result.minute() > 0) result = result.plusSeconds(int64_t{60 - result.minute()} * 60);
-    if (result == time) result = result.plusHours(1);
-    return result;
-}
+DateTime nextFullHour(const DateTime& time) { return time.fullHour().plusHours(1); }
 
 // What the loader knows of the events it inserts, for one load.
 struct ImpliedEvents {
@@ -285,9 +302,7 @@ private:
             implied.holdEndDue = true;
         insertImpliedEvents(fields, lineTime);
 
-        Action action;
-        ReplayEvent event = buildEvent(fields, lineTime, action);
-        append(std::move(event), action);
+        const Action action = appendLineEvent(fields, lineTime);
         if (action == Action::Start) {
             implied.started = true;
             implied.holdEndTime = lineTime.plusDays(1);
@@ -337,39 +352,57 @@ private:
 
     // Appends an event the file implies: only its time and keyword are set.
     ReplayEvent& appendImplied(Action action, const DateTime& time) {
-        ReplayEvent event;
+        if (world_.lastEventIndex() >= kMaxEvents) throwTooManyEvents();
+        ReplayEvent& event = world_.events.emplace_back();
         event.time = time;
-        event.action = std::string(KeywordOf(action));
-        append(std::move(event), action);
-        return world_.events.back();
+        event.action.assign(KeywordOf(action));
+        lastAction_ = action;
+        return event;
+    }
+
+    // The line's event, built in place at the end of the list: a replay has up to 32,767 of
+    // them. A line that fails leaves none.
+    Action appendLineEvent(const std::vector<std::string_view>& fields, const DateTime& lineTime) {
+        ReplayEvent& event = world_.events.emplace_back();
+        Action action;
+        try {
+            action = fillEvent(event, fields, lineTime);
+            if (world_.lastEventIndex() > kMaxEvents) throwTooManyEvents();
+        } catch (...) {
+            world_.events.pop_back();
+            throw;
+        }
+        lastAction_ = action;
+        return action;
+    }
+
+    [[noreturn]] static void throwTooManyEvents() {
+        throw LoadFailure{"replay ma vice nez " + std::to_string(kMaxEvents) + " udalosti"};
     }
 
     static std::int16_t leading(std::string_view field) { return readLeadingNumber(field); }
     static std::int16_t strict(std::string_view field) { return readStrictNumber(field); }
 
-    static ReplayEvent buildEvent(const std::vector<std::string_view>& fields,
-                                  const DateTime& lineTime, Action& action) {
-        ReplayEvent event;
+    static Action fillEvent(ReplayEvent& event, const std::vector<std::string_view>& fields,
+                            const DateTime& lineTime) {
         event.time = lineTime;
-        event.action = std::string(keyword(fields));
+        event.action.assign(keyword(fields));
         const auto need = [&](std::size_t count) {
             if (fields.size() < count)
                 throw LoadFailure{"akce '" + event.action + "' potrebuje " +
                                   std::to_string(count) + " poli, radek jich ma " +
                                   std::to_string(fields.size())};
         };
-        const auto text = [&](std::size_t i) { return std::string(fields[i]); };
-
-        action = ActionOf(event.action);
+        const Action action = ActionOf(event.action);
         switch (action) {
             case Action::CreateWorld:
                 need(3);
-                event.place = text(2);
+                event.place.assign(fields[2]);
                 break;
             case Action::Attack:
                 need(7);
-                event.place = text(2);
-                event.target = text(3);
+                event.place.assign(fields[2]);
+                event.target.assign(fields[3]);
                 event.amount = leading(fields[4]);
                 event.success = leading(fields[5]) != 0;
                 event.survivors = leading(fields[6]);
@@ -377,50 +410,43 @@ private:
             case Action::Move:
             case Action::Trade:
                 need(5);
-                event.place = text(2);
-                event.target = text(3);
+                event.place.assign(fields[2]);
+                event.target.assign(fields[3]);
                 event.amount = strict(fields[4]);
                 break;
             case Action::Retreat:
                 need(4);
-                event.place = text(2);
+                event.place.assign(fields[2]);
                 event.amount = strict(fields[3]);
                 break;
             case Action::Buy:
                 need(5);
-                event.place = text(2);
-                event.armyType = text(3);
+                event.place.assign(fields[2]);
+                event.armyType.assign(fields[3]);
                 event.amount = leading(fields[4]);
                 break;
             case Action::ConvertGround:
                 need(4);
-                event.place = text(2);
-                event.target = text(3);
+                event.place.assign(fields[2]);
+                event.target.assign(fields[3]);
                 break;
             case Action::CreateHq:
                 need(5);
-                event.playerName = text(2);
-                event.target = text(3);
-                event.place = text(4);
+                event.playerName.assign(fields[2]);
+                event.target.assign(fields[3]);
+                event.place.assign(fields[4]);
                 break;
             case Action::End:
                 need(3);
-                event.playerName = text(2);
+                event.playerName.assign(fields[2]);
                 break;
             default:  // "start" and keywords outside the table carry only time and keyword
                 break;
         }
-        return event;
+        return action;
     }
 
     const ReplayEvent& lastEvent() const { return world_.events.back(); }
-
-    void append(ReplayEvent event, Action action) {
-        if (world_.lastEventIndex() >= kMaxEvents)
-            throw LoadFailure{"replay ma vice nez " + std::to_string(kMaxEvents) + " udalosti"};
-        world_.events.push_back(std::move(event));
-        lastAction_ = action;
-    }
 
     WorldState& world_;
     bool utf8File_ = false;

@@ -40,7 +40,8 @@ TEST(NumberReading, StrictLeadingAndByteReadingsRoundHalfToEvenWithinTheirWidth)
         {"0.6", "1", "1"}, {".5", "0", "0"}, {"5.", "5", "5"}, {"1.5e1x", "mismatch", "15"}, {"+3", "3", "3"},
         {"1e", "mismatch", "1"}, {"1e9", "overflow", "overflow"}, {"32767.4", "32767", "32767"},
         {"32767.5", "overflow", "overflow"}, {"-32768", "-32768", "-32768"}, {"-32769", "overflow", "overflow"},
-        {"", "mismatch", "0"}, {".", "mismatch", "0"}, {"abc", "mismatch", "0"},
+        {"", "mismatch", "0"}, {".", "mismatch", "0"}, {"abc", "mismatch", "0"}, {"-", "mismatch", "0"},
+        {"32768", "overflow", "overflow"}, {"-0042", "-42", "-42"}, {"9999", "9999", "9999"},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(outcome([&] { return readStrictNumber(c.text); }), c.strict) << c.text;

@@ -159,7 +159,8 @@ TEST_F(FailedLoad, HeaderValuesAreSetInOrderUntilOneFails) {
 }
 
 TEST_F(FailedLoad, BadLinesStopTheLoadWithoutRollback) {
-    for (const char* line : {"2004-06-19-08-00;fly", "2004-06-19-08-00-0x;fly", "2004-13-45-08-00-00;fly",
+    for (const char* line : {"2004-06-19-08-00;fly", "2004-06-19-08-00-0x;fly", "2004-06-19-08-0:-00;fly",
+                             "2004-06-19-08/00-00;fly", "2004-06-19-08-00-0/;fly", "2004-13-45-08-00-00;fly",
                              "0099-06-19-08-00-00;fly", "2004-06-19-24-00-00;fly", "2004-06-19-08-00-00",
                              "2004-06-19-08-00-00;attack;A0;B0;4",
                              "2004-06-19-08-00-00;attack;A0;B0;4;1", "2004-06-19-08-00-00;move;A0;B0;12abc",
