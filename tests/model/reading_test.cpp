@@ -62,6 +62,9 @@ TEST(TextEncoding, WindowsBytesAndUtf8ConvertBothWays) {
     EXPECT_EQ(utf8ToCp1250(cp1250ToUtf8(everyByte)), everyByte);
     EXPECT_TRUE(looksLikeUtf8Text("Vosička") && looksLikeUtf8Text("Šváb"));
     EXPECT_FALSE(looksLikeUtf8Text("plain") || looksLikeUtf8Text("Vosi\xE8ka"));
+    // The smallest character of each length is valid; one less is an overlong form.
+    EXPECT_TRUE(looksLikeUtf8Text("\xC2\x80 \xE0\xA0\x80 \xF0\x90\x80\x80"));
+    EXPECT_FALSE(looksLikeUtf8Text("\xC1\xBF") || looksLikeUtf8Text("\xE0\x9F\xBF"));
 }
 
 TEST(FieldAddressing, IndexNameDistanceAndPlayerLookups) {

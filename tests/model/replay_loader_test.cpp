@@ -187,6 +187,11 @@ TEST_F(FailedLoad, TheEventListStopsAt32767) {
     EXPECT_EQ(w.lastEventIndex(), 32767);
     WorldState never;  // a failed first load leaves the world unloaded
     EXPECT_FALSE(Load(never, "0;A;9;1;1\n").empty() || never.loaded);
+    // A failure before the header names no line; a bad time stamp is quoted as it stands.
+    EXPECT_EQ(Load(never, ""), std::vector<std::string>{std::string(kLoadFailure) + "soubor neobsahuje hlavicku"});
+    EXPECT_EQ(Load(never, "0;A;9;1;1;1\n2004-06-19-08-00-0x ;fly\n"),
+              std::vector<std::string>{std::string(kLoadFailure) +
+                                       "radek 2: casovy udaj '2004-06-19-08-00-0x ' neni platne datum"});
 }
 
 }  // namespace
