@@ -350,8 +350,9 @@ private:
         return fields[1];
     }
 
-    // Appends an event the file implies: only its time and keyword are set.
-    ReplayEvent& appendImplied(Action action, const DateTime& time) {
+    // Appends an event the file implies: only its time and keyword are set. The time is taken
+    // by value: it is often the last event's, which the growing list may move.
+    ReplayEvent& appendImplied(Action action, DateTime time) {
         if (world_.lastEventIndex() >= kMaxEvents) throwTooManyEvents();
         ReplayEvent& event = world_.events.emplace_back();
         event.time = time;
