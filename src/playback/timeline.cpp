@@ -22,9 +22,7 @@ QColor colourOf(int kind) {
 }  // namespace
 
 Timeline::Timeline(QWidget* parent) : QWidget(parent) {
-    setMouseTracking(false);
     setFocusPolicy(Qt::NoFocus);
-    setToolTip(QString());  // answered per position in event()
     setEnabled(false);
 }
 

@@ -100,10 +100,10 @@ void frmMain::showReplayInFindingAids() {
 }
 
 void frmMain::followPosition() {
-    const int position = playback->position();
+    const std::int16_t position = playback->position();
     timeline->setPosition(position);
     actionList->setPosition(position);
-    timelinePosition->setText(trelvin::PositionText(playback->position(), world_.eventCount));
+    timelinePosition->setText(trelvin::PositionText(position, world_.eventCount));
     timelineTime->setText(position >= 1 && position <= world_.lastEventIndex()
                               ? trelvin::GeneralDateText(world_.events[std::size_t(position)].time)
                               : QString());

@@ -38,7 +38,6 @@ MapGrid::MapGrid(WorldState& world, QWidget* parent) : QAbstractScrollArea(paren
             QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
     setFrameShape(QFrame::NoFrame);
     viewport()->setBackgroundRole(QPalette::Window);
-    viewport()->setMouseTracking(false);
 }
 
 void MapGrid::unloadAll() {
