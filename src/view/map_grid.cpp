@@ -279,7 +279,10 @@ void MapGrid::scrollContentsBy(int, int) { viewport()->update(); }
 
 void MapGrid::wheelEvent(QWheelEvent* event) {
     if (!(event->modifiers() & Qt::ControlModifier)) return QAbstractScrollArea::wheelEvent(event);
-    const int steps = event->angleDelta().y() / 120;
+    // A touchpad turns the wheel in small parts of a notch: they add up to whole steps.
+    wheelTurned_ += event->angleDelta().y();
+    const int steps = wheelTurned_ / 120;
+    wheelTurned_ %= 120;
     const QPoint at = event->position().toPoint();
     for (int i = 0; i < std::abs(steps); ++i) steps > 0 ? zoomIn(at) : zoomOut(at);
     event->accept();

@@ -96,6 +96,7 @@ private:
     QPoint margin_;          // from the area's corner to the grid's, pixels
     int fieldPixels_ = kFieldPixels;
     int pressedField_ = 0;
+    int wheelTurned_ = 0;  // Ctrl+wheel turned since the last zoom step, in eighths of a degree
 };
 
 }  // namespace trelvin

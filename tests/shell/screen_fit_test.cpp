@@ -89,10 +89,18 @@ private slots:
         grid.setFieldPixels(20);
         const QPoint pointer = grid.fieldRectInViewport(30 * 40 / 2 + 20).center();
         const int under = grid.fieldAt(pointer);
-        QWheelEvent wheel(pointer, grid.viewport()->mapToGlobal(pointer), {}, QPoint(0, 120), Qt::NoButton,
-                          Qt::ControlModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(grid.viewport(), &wheel);
+        const auto turn = [&](int eighths) {
+            QWheelEvent wheel(pointer, grid.viewport()->mapToGlobal(pointer), {}, QPoint(0, eighths), Qt::NoButton,
+                              Qt::ControlModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(grid.viewport(), &wheel);
+        };
+        turn(120);
         QCOMPARE(grid.fieldPixels(), 24);
+        QCOMPARE(grid.fieldAt(pointer), under);
+        turn(60);  // a touchpad's half notches add up to one step
+        QCOMPARE(grid.fieldPixels(), 24);
+        turn(60);
+        QCOMPARE(grid.fieldPixels(), 30);
         QCOMPARE(grid.fieldAt(pointer), under);
     }
 
