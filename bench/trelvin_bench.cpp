@@ -13,7 +13,9 @@
 #include <vector>
 
 #include "engine/event_executor.h"
+#include "model/replay_limits.h"
 #include "model/replay_loader.h"
+#include "model/text_encoding.h"
 #include "replay_generator.h"
 #include "window_bench.h"
 
@@ -55,6 +57,51 @@ void print(const char* name, double value, const char* unit) {
     std::printf("%-28s %10.3f %s\n", name, value, unit);
 }
 
+double loadMilliseconds(const std::string& path, int runs) {
+    return medianMilliseconds(runs, [&] {
+        WorldState fresh;
+        RecordingReporter reporter;
+        LoadReplay(fresh, path, reporter);
+    });
+}
+
+// What deciding the encoding costs. The Windows-1250 replay is decided at its first army name;
+// its UTF-8 copy must be read whole first, and the same copy with the UTF-8 mark not at all, so
+// the two UTF-8 loads differ by exactly the pass. The largest file allowed is read whole too.
+void PrintEncodingPass(const std::string& path, int runs) {
+    WorldState world;
+    RecordingReporter reporter;
+    LoadReplay(world, path, reporter);
+    std::ifstream in(path, std::ios::binary);
+    const std::string utf8 = cp1250ToUtf8(std::string(std::istreambuf_iterator<char>(in), {}));
+    const std::string utf8Path = path + ".utf8", bomPath = path + ".bom";
+    std::ofstream(utf8Path, std::ios::binary) << utf8;
+    std::ofstream(bomPath, std::ios::binary) << "\xEF\xBB\xBF" << utf8;
+    print("load_utf8_ms", loadMilliseconds(utf8Path, runs), "ms (with the pass over the whole file)");
+    print("load_utf8_marked_ms", loadMilliseconds(bomPath, runs), "ms (the same without the pass)");
+
+    // A file of the largest size allowed that loads whole: long lines of ASCII, one UTF-8 letter
+    // at its very end, so the pass reads all of it.
+    const std::string largest = path + ".64mib";
+    {
+        std::ofstream out(largest, std::ios::binary);
+        out << "0;Velky;0;2;2;3\r\n2004-06-19-08-00-00;create_world;NNNN\r\n";
+        const std::string line = "2004-06-19-08-00-00;fly;" + std::string(2000, 'x') + "\r\n";
+        for (std::uint64_t written = 0; written + 2 * line.size() < kMaxFileBytes; written += line.size()) out << line;
+        out << "2004-06-19-08-00-00;fly;\xC5\xA0\r\n";
+    }
+    const double scanMs = medianMilliseconds(runs, [&] {
+        ReplayFile file(largest);
+        file.open();
+        Utf8Detector detector;
+        std::vector<char> buffer(std::size_t{1} << 20);
+        while (const std::size_t got = file.read(buffer.data(), buffer.size())) detector.feed({buffer.data(), got});
+    });
+    print("load_64mib_ms", loadMilliseconds(largest, runs), "ms (a file of the largest size allowed)");
+    print("encoding_pass_64mib_ms", scanMs, "ms (its pass alone)");
+    for (const std::string& written : {utf8Path, bomPath, largest}) std::filesystem::remove(written);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -81,6 +128,7 @@ int main(int argc, char** argv) {
     print("read_and_split_ms", floorMs, "ms");
     print("load_ms", loadMs, "ms");
     print("load_over_floor", loadMs / floorMs, "x (target <= 3)");
+    PrintEncodingPass(path, runs);
 
     const double reapplyMs = medianMilliseconds(runs, [&] {
         for (int i = 1; i <= world.eventCount; ++i)

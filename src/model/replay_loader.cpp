@@ -21,6 +21,8 @@ namespace {
 constexpr std::string_view kLoadErrorPrefix = "Chyba pri nacitani replaye - ";
 constexpr std::string_view kUtf8Bom = "\xEF\xBB\xBF";
 constexpr std::size_t kChunkBytes = std::size_t{1} << 16;
+// The encoding is decided in larger pieces: the whole file may have to be looked at.
+constexpr std::size_t kScanPieceBytes = std::size_t{1} << 20;
 
 // A failure that stops the load; its text is the description after the prefix.
 struct LoadFailure {
@@ -51,7 +53,7 @@ public:
             }
             const char* data = buffer_.data();
             const std::size_t stop = lineEnd();
-            lineIsAscii_ = lineIsAscii_ && isAscii(std::string_view(data + begin_, stop - begin_));
+            lineIsAscii_ = lineIsAscii_ && asciiRunFrom(std::string_view(data + begin_, stop - begin_)) == stop - begin_;
             if (carry_.size() + (stop - begin_) > kMaxLineBytes)
                 throw LoadFailure{"radek je delsi nez " + std::to_string(kMaxLineBytes >> 20) + " MB"};
             if (stop == end_) {  // the line goes on in the next piece
@@ -87,18 +89,6 @@ private:
         return cr ? static_cast<std::size_t>(static_cast<const char*>(cr) - data) : nextLineFeed_;
     }
 
-    static bool isAscii(std::string_view text) {
-        std::uint64_t high = 0;
-        std::size_t i = 0;
-        for (; i + 8 <= text.size(); i += 8) {
-            std::uint64_t word;
-            std::memcpy(&word, text.data() + i, 8);
-            high |= word;
-        }
-        for (; i < text.size(); ++i) high |= static_cast<unsigned char>(text[i]);
-        return (high & 0x8080808080808080u) == 0;
-    }
-
     // Reads the next piece; false at the end of the source.
     bool fill() {
         std::size_t got = source_.read(buffer_.data(), buffer_.size());
@@ -127,6 +117,25 @@ private:
     std::uint64_t readBytes_ = 0;
     int lineNumber_ = 0;
 };
+
+// Whether the source is UTF-8 throughout: it starts with the UTF-8 mark, or all of its bytes
+// are valid UTF-8 with a character beyond ASCII. Anything else is Windows-1250 throughout, even
+// where a line of it happens to be valid UTF-8 ("M\xCD\x8AA" is U+034A between two letters).
+// Reads the source once, in large pieces, stopping as soon as the answer is known; a cancel is
+// possible on the way.
+bool isUtf8Source(ReplaySource& source, TaskProgress* progress) {
+    std::vector<char> buffer(kScanPieceBytes);
+    Utf8Detector detector;
+    bool first = true;
+    while (const std::size_t got = source.read(buffer.data(), buffer.size())) {
+        const std::string_view piece(buffer.data(), got);
+        if (first && piece.starts_with(kUtf8Bom)) return true;
+        first = false;
+        if (!detector.feed(piece)) return false;
+        if (progress && !progress->keepGoing(0, source.size())) throw LoadFailure{"nacitani bylo preruseno"};
+    }
+    return detector.isUtf8Text();
+}
 
 std::string_view trimSpaces(std::string_view text) {
     while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
@@ -230,11 +239,13 @@ public:
         } catch (const ReplayReadError& error) {
             throw LoadFailure{error.what()};
         }
+        utf8File_ = isUtf8Source(source, progress);
+        source.rewind();
         LineReader lines(source, progress);
         const std::optional<std::string_view> header = lines.next();
         if (!header) throw LoadFailure{"soubor neobsahuje hlavicku"};
-        utf8File_ = header->starts_with(kUtf8Bom);
-        readHeader(decoded(utf8File_ ? header->substr(kUtf8Bom.size()) : *header, lines.lineIsAscii()));
+        readHeader(decoded(header->starts_with(kUtf8Bom) ? header->substr(kUtf8Bom.size()) : *header,
+                           lines.lineIsAscii()));
         // A line takes at least 20 bytes: room for every event without regrowth on the way.
         world_.events.reserve(std::min<std::uint64_t>(source.size() / 20, kMaxEvents) + 1);
         world_.tiles.assign(static_cast<std::size_t>(world_.fieldCount()) + 1, Tile{});
@@ -260,10 +271,8 @@ public:
 
 private:
     // The line as Windows-1250; valid until the next call.
-    // A file that starts with the UTF-8 mark is UTF-8 throughout; otherwise each line that is
-    // valid UTF-8 with a character beyond ASCII was saved so, and the rest is Windows-1250.
     std::string_view decoded(std::string_view line, bool ascii) {
-        if (ascii || (!utf8File_ && !looksLikeUtf8Text(line))) return line;
+        if (ascii || !utf8File_) return line;
         decodedLine_ = utf8ToCp1250(line);
         return decodedLine_;
     }

@@ -38,15 +38,20 @@ std::size_t ReplayFile::read(char* buffer, std::size_t capacity) {
     const std::size_t got = std::fread(buffer, 1, capacity, file_.get());
     if (std::ferror(file_.get())) fail("nelze precist");
     read_ += got;
-    if (read_ > kMaxFileBytes) fail("behem cteni prerostl nejvyssi velikost");
     if (got == 0 && read_ < size_) fail("se behem cteni zkratil");
+    if (read_ > size_) fail("se behem cteni prodlouzil");
     return got;
 }
 
+void ReplayFile::rewind() {
+    if (std::fseek(file_.get(), 0, SEEK_SET) != 0) fail("nelze precist");
+    read_ = 0;
+}
+
 std::size_t ReplayText::read(char* buffer, std::size_t capacity) {
-    const std::size_t count = std::min(capacity, text_.size());
-    std::memcpy(buffer, text_.data(), count);
-    text_.remove_prefix(count);
+    const std::size_t count = std::min(capacity, text_.size() - offset_);
+    std::memcpy(buffer, text_.data() + offset_, count);
+    offset_ += count;
     return count;
 }
 

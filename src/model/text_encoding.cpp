@@ -1,7 +1,9 @@
 #include "model/text_encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 namespace trelvin {
@@ -57,34 +59,44 @@ void appendUtf8(std::string& out, char32_t code) {
     }
 }
 
+// Length of the UTF-8 sequence a lead byte starts; 0 for a byte no sequence starts with.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if ((lead & 0xE0) == 0xC0) return 2;
+    if ((lead & 0xF0) == 0xE0) return 3;
+    if ((lead & 0xF8) == 0xF0) return 4;
+    return 0;
+}
+
 // Decodes the UTF-8 sequence at `pos`; returns its length, 0 when it is not valid UTF-8.
 std::size_t decodeUtf8(std::string_view text, std::size_t pos, char32_t& code) {
+    static constexpr unsigned char kLeadBits[] = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    static constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
     const auto lead = static_cast<unsigned char>(text[pos]);
-    std::size_t length;
-    char32_t minimum;
-    if (lead < 0x80) {
-        code = lead;
-        return 1;
-    } else if ((lead & 0xE0) == 0xC0) {
-        length = 2, code = lead & 0x1F, minimum = 0x80;
-    } else if ((lead & 0xF0) == 0xE0) {
-        length = 3, code = lead & 0x0F, minimum = 0x800;
-    } else if ((lead & 0xF8) == 0xF0) {
-        length = 4, code = lead & 0x07, minimum = 0x10000;
-    } else {
-        return 0;
-    }
-    if (pos + length > text.size()) return 0;
+    const std::size_t length = sequenceLength(lead);
+    if (length == 0 || pos + length > text.size()) return 0;
+    code = lead & kLeadBits[length];
     for (std::size_t i = 1; i < length; ++i) {
         const auto next = static_cast<unsigned char>(text[pos + i]);
         if ((next & 0xC0) != 0x80) return 0;
         code = code << 6 | (next & 0x3F);
     }
-    if (code < minimum || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return 0;
+    if (code < kSmallest[length] || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) return 0;
     return length;
 }
 
 }  // namespace
+
+std::size_t asciiRunFrom(std::string_view text, std::size_t pos) {
+    // Eight bytes at a time: most of a replay is ASCII.
+    std::size_t end = pos;
+    for (std::uint64_t word; end + 8 <= text.size(); end += 8) {
+        std::memcpy(&word, text.data() + end, 8);
+        if ((word & 0x8080808080808080u) != 0) break;
+    }
+    while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80) ++end;
+    return end - pos;
+}
 
 std::string cp1250ToUtf8(std::string_view cp1250) {
     std::string out;
@@ -111,21 +123,38 @@ std::string utf8ToCp1250(std::string_view utf8) {
     return out;
 }
 
-bool looksLikeUtf8Text(std::string_view bytes) {
-    bool nonAscii = false;
+bool Utf8Detector::completePending(std::string_view& piece) {
+    const std::size_t length = sequenceLength(static_cast<unsigned char>(pending_.front()));
+    const std::size_t taken = std::min(length - pending_.size(), piece.size());
+    pending_.append(piece.substr(0, taken));
+    piece.remove_prefix(taken);
+    if (pending_.size() < length) return true;
+    char32_t code = 0;
+    valid_ = decodeUtf8(pending_, 0, code) == length;
+    pending_.clear();
+    return valid_;
+}
+
+bool Utf8Detector::feed(std::string_view piece) {
+    if (!valid_) return false;
+    if (!pending_.empty() && !completePending(piece)) return false;
     std::size_t pos = 0;
-    while (pos < bytes.size()) {
-        if (static_cast<unsigned char>(bytes[pos]) < 0x80) {
-            ++pos;
-            continue;
+    while ((pos += asciiRunFrom(piece, pos)) < piece.size()) {
+        const auto lead = static_cast<unsigned char>(piece[pos]);
+        beyondAscii_ = true;
+        const std::size_t length = sequenceLength(lead);
+        if (length != 0 && pos + length > piece.size()) {
+            pending_.assign(piece.substr(pos));
+            return true;
         }
         char32_t code = 0;
-        const std::size_t length = decodeUtf8(bytes, pos, code);
-        if (length == 0) return false;
-        nonAscii = true;
+        if (length == 0 || decodeUtf8(piece, pos, code) != length) {
+            valid_ = false;
+            return false;
+        }
         pos += length;
     }
-    return nonAscii;
+    return true;
 }
 
 }  // namespace trelvin

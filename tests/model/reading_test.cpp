@@ -60,11 +60,25 @@ TEST(TextEncoding, WindowsBytesAndUtf8ConvertBothWays) {
     std::string everyByte;
     for (int code = 1; code < 256; ++code) everyByte += static_cast<char>(code);
     EXPECT_EQ(utf8ToCp1250(cp1250ToUtf8(everyByte)), everyByte);
-    EXPECT_TRUE(looksLikeUtf8Text("Vosička") && looksLikeUtf8Text("Šváb"));
-    EXPECT_FALSE(looksLikeUtf8Text("plain") || looksLikeUtf8Text("Vosi\xE8ka"));
+    const auto utf8 = [](std::initializer_list<std::string_view> pieces) {
+        Utf8Detector detector;
+        for (std::string_view piece : pieces) detector.feed(piece);
+        return detector.isUtf8Text();
+    };
+    EXPECT_TRUE(utf8({"Vosička"}));
+    EXPECT_TRUE(utf8({"Š", "váb"}));
+    EXPECT_FALSE(utf8({"plain"}));
+    EXPECT_FALSE(utf8({"Vosi\xE8ka"}));
+    // A character may straddle pieces; one left unfinished at the end is no UTF-8.
+    EXPECT_TRUE(utf8({"a\xE1", "\x9A", "\xA0" "b"}));
+    EXPECT_FALSE(utf8({"a\xE1", "\x9A" "b"}));
+    EXPECT_FALSE(utf8({"a\xC5"}));
+    EXPECT_FALSE(utf8({"\xC5", "A"}));
     // The smallest character of each length is valid; one less is an overlong form.
-    EXPECT_TRUE(looksLikeUtf8Text("\xC2\x80 \xE0\xA0\x80 \xF0\x90\x80\x80"));
-    EXPECT_FALSE(looksLikeUtf8Text("\xC1\xBF") || looksLikeUtf8Text("\xE0\x9F\xBF"));
+    EXPECT_TRUE(utf8({"\xC2\x80 \xE0\xA0\x80 \xF0\x90\x80\x80"}));
+    EXPECT_FALSE(utf8({"\xC1\xBF"}));
+    EXPECT_FALSE(utf8({"\xE0\x9F\xBF"}));
+    EXPECT_FALSE(utf8({"\xF0\x90", "\x80\x7F"}));
 }
 
 TEST(FieldAddressing, IndexNameDistanceAndPlayerLookups) {

@@ -132,6 +132,32 @@ TEST(ReplayLoader, LineEndsBlankLinesAndUtf8ChangeNothing) {
     EXPECT_EQ(w.worldName + std::to_string(w.lastEventIndex()), "Alfa0");
 }
 
+TEST(ReplayLoader, TheWholeFileDecidesItsEncoding) {
+    // Windows-1250 names that happen to be valid UTF-8: "MÍŠA" holds U+034A, "Tomáš" and a
+    // no-break space U+16A0, "ČŠ" U+020A.
+    const std::string lines = "0;Alfa;2;3;2;3\r\n2004-06-19-08-00-00;create_world;NNBSXN\r\n"
+                              "2004-06-19-08-10-00;create_hq;M\xCD\x8A" "A;les;A0\r\n"
+                              "2004-06-19-08-20-30;create_hq;Tom\xE1\x9A\xA0;louka;C1\r\n"
+                              "2004-06-19-09-05-00;buy;A0;\xC8\x8A;4\r\n";
+    const auto names = [](const WorldState& w) {
+        return std::vector<std::string>{w.events[2].playerName, w.events[3].playerName, w.events[5].armyType};
+    };
+    WorldState w;
+    ASSERT_TRUE(Load(w, lines + "2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
+    EXPECT_EQ(names(w), (std::vector<std::string>{"M\xCD\x8A" "A", "Tom\xE1\x9A\xA0", "\xC8\x8A"}));
+    // Without that last line every byte is valid UTF-8: the file reads as UTF-8, and characters
+    // Windows-1250 lacks become "?".
+    ASSERT_TRUE(Load(w, lines).empty());
+    EXPECT_EQ(names(w), (std::vector<std::string>{"M?A", "Tom?", "?"}));
+    // A file with the UTF-8 mark is UTF-8 even where a later line is not.
+    ASSERT_TRUE(Load(w, "\xEF\xBB\xBF" + lines + "2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
+    EXPECT_EQ(w.events[6].armyType, "Vosi?ka");
+    // The decision is the whole file's, even past the pieces it is read in.
+    const std::string padding = "2004-06-19-09-05-00;fly;" + std::string(std::size_t{600} << 10, 'x') + "\r\n";
+    ASSERT_TRUE(Load(w, lines + padding + padding + "2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
+    EXPECT_EQ(names(w)[0], "M\xCD\x8A" "A");
+}
+
 class FailedLoad : public ::testing::Test {
 protected:
     void SetUp() override {

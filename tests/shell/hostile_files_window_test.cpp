@@ -100,16 +100,22 @@ private slots:
     void aSlowLoadCanBeCancelled() {
         struct SlowSource : trelvin::ReplaySource {
             explicit SlowSource(QByteArray bytes) : bytes(std::move(bytes)) {}
+            // The first pass, which only tells the encoding, is quick; the load itself is slow.
             std::size_t read(char* buffer, std::size_t) override {
-                std::this_thread::sleep_for(std::chrono::milliseconds(20));
+                if (rewound) std::this_thread::sleep_for(std::chrono::milliseconds(20));
                 const QByteArray piece = bytes.mid(offset, 64);
                 std::memcpy(buffer, piece.constData(), std::size_t(piece.size()));
                 offset += piece.size();
                 return std::size_t(piece.size());
             }
+            void rewind() override {
+                offset = 0;
+                rewound = true;
+            }
             std::uint64_t size() const override { return std::uint64_t(bytes.size()); }
             QByteArray bytes;
             qsizetype offset = 0;
+            bool rewound = false;
         };
         Window t;
         t.window->show();
