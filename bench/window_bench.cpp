@@ -12,7 +12,7 @@
 #include "shell/frm_main.h"
 #include "playback/action_list.h"
 #include "playback/timeline.h"
-#include "view/action_log.h"
+#include "history/replay_history.h"
 #include "view/map_grid.h"
 
 namespace {
@@ -91,7 +91,7 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     const double jumpMs = medianMilliseconds(runs, [&] { jumpAndPaint(anywhere(random)); });
     std::printf("%-28s %10.3f %s\n", "jump_anywhere_ms", jumpMs, "ms (target < 16)");
 
-    const double logMs = medianMilliseconds(runs, [&] { trelvin::ActionLog::Build(world); });
+    const double logMs = medianMilliseconds(runs, [&] { trelvin::ReplayHistory::Build(world); });
     std::printf("%-28s %10.3f %s\n", "action_list_build_ms", logMs, "ms (target < 50)");
 
     // A drag from end to end in one second at 60 moves a second: the slowest move must fit in

@@ -1,5 +1,5 @@
 add_library(trelvin_core STATIC
-  model/action_keyword.cpp
+  model/action_table.cpp
   model/checked_math.cpp
   model/date_time.cpp
   model/number_reading.cpp
@@ -18,6 +18,7 @@ add_library(trelvin_core STATIC
   view/field_pictures.cpp
   view/field_details.cpp
   view/grid_layout.cpp
-  view/action_log.cpp
+  history/action_log.cpp
+  history/replay_history.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

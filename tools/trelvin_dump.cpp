@@ -9,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include "engine/event_executor.h"
+#include "model/game_words.h"
 #include "model/replay_loader.h"
 #include "model/text_encoding.h"
 #include "view/field_pictures.h"
@@ -26,8 +27,8 @@ struct Options {
 
 std::optional<ViewMode> parseView(const std::string& name) {
     if (name == "all") return ViewMode::All;
-    if (name == "les") return ViewMode::AsLes;
-    if (name == "louka") return ViewMode::AsLouka;
+    if (name == side::kLes) return ViewMode::AsLes;
+    if (name == side::kLouka) return ViewMode::AsLouka;
     return std::nullopt;
 }
 

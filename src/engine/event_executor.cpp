@@ -1,32 +1,43 @@
 #include "engine/event_executor.h"
 
+#include <array>
 #include <exception>
 #include <new>
 
 #include "engine/rules.h"
-#include "model/action_keyword.h"
+#include "model/action_table.h"
 
 namespace trelvin {
 
 namespace {
 
-void applyRule(Action action, RuleContext& ctx) {
-    switch (action) {
-        case Action::CreateWorld: return ApplyCreateWorld(ctx);
-        case Action::CreateHq: return ApplyCreateHq(ctx);
-        case Action::Start: return ApplyStart(ctx);
-        case Action::AddRounds: return ApplyAddRounds(ctx);
-        case Action::EndHoldFire: return ApplyEndHoldFire(ctx);
-        case Action::End: return ApplyEnd(ctx);
-        case Action::Attack: return ApplyAttack(ctx);
-        case Action::Move: return ApplyMove(ctx);
-        case Action::Retreat: return ApplyRetreat(ctx);
-        case Action::Buy: return ApplyBuy(ctx);
-        case Action::ConvertGround: return ApplyConvertGround(ctx);
-        case Action::Trade: return ApplyTrade(ctx);
-        case Action::Other: return;  // a keyword without a rule changes nothing
-    }
+// The rule of each action of the action table, in its order.
+struct RuleEntry {
+    Action action;
+    void (*apply)(RuleContext&);
+};
+constexpr std::array<RuleEntry, kActionCount> kRules{{
+    {Action::CreateWorld, ApplyCreateWorld},
+    {Action::CreateHq, ApplyCreateHq},
+    {Action::Start, ApplyStart},
+    {Action::AddRounds, ApplyAddRounds},
+    {Action::EndHoldFire, ApplyEndHoldFire},
+    {Action::End, ApplyEnd},
+    {Action::Attack, ApplyAttack},
+    {Action::Move, ApplyMove},
+    {Action::Retreat, ApplyRetreat},
+    {Action::Buy, ApplyBuy},
+    {Action::ConvertGround, ApplyConvertGround},
+    {Action::Trade, ApplyTrade},
+    {Action::Other, [](RuleContext&) {}},  // a keyword without a rule changes nothing
+}};
+
+constexpr bool InActionOrder() {
+    for (std::size_t i = 0; i < kRules.size(); ++i)
+        if (static_cast<std::size_t>(kRules[i].action) != i) return false;
+    return true;
 }
+static_assert(InActionOrder());
 
 }  // namespace
 
@@ -39,7 +50,7 @@ void ExecuteEvent(WorldState& world, std::int16_t index, Reporter& reporter) {
     RuleContext ctx(world, index, reporter);
     try {
         world.currentTime = world.events[index].time;
-        applyRule(ActionOf(world.events[index].action), ctx);
+        kRules[static_cast<std::size_t>(ActionOf(world.events[index].action))].apply(ctx);
     } catch (const EventStopped&) {
     } catch (const std::bad_alloc&) {
         reporter.report(std::string(kExecuteErrorPrefix) + "Nedostatek pameti");

@@ -1,15 +1,11 @@
 #pragma once
 #include <cstdint>
 
+#include "engine/execution_messages.h"
 #include "model/reporter.h"
 #include "model/world_state.h"
 
 namespace trelvin {
-
-// Message-box texts of the executor.
-inline constexpr const char* kExecuteErrorPrefix = "Chyba pri provadeni tahu - ";
-inline constexpr const char* kForgeryMessage =
-    "Chyba - zaznam je padelek - hrac nema dostatecny pocet tahu na provedeni tahu";
 
 // Applies event `index` (from 1) to the world and describes it in actionText. Never throws:
 // failures are reported through `reporter` in the error mode in force, and the call returns.

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "model/game_words.h"
+
 namespace trelvin {
 
 namespace {
@@ -14,9 +16,9 @@ struct TerrainEntry {
 
 // Tested in this order; "X" has no name: the inspection reports it as unconquerable.
 constexpr std::array<TerrainEntry, 3> kTerrains{{
-    {"N", 12, "Normalni"},
-    {"B", 7, "Bazina"},
-    {"S", 5, "Skala"},
+    {terrain::kGrass, 12, "Normalni"},
+    {terrain::kSwamp, 7, "Bazina"},
+    {terrain::kRock, 5, "Skala"},
 }};
 
 struct ArmyEntry {

@@ -7,6 +7,19 @@
 
 namespace trelvin {
 
+// What every player gets when the game starts.
+inline constexpr std::int32_t kStartingNectar = 500;
+inline constexpr std::int16_t kStartingMoves = 15;
+inline constexpr std::uint8_t kStartingTerritory = 1;
+
+// The cost of a move or an attack in moves is the distance between the fields times a factor.
+inline constexpr std::int16_t kMoveCostFactor = 2;
+inline constexpr std::int16_t kAttackCostFactor = 5;
+inline constexpr std::int16_t kRockAttackCostFactor = 4;
+
+// A conversion costs the new terrain's yield of this many hours.
+inline constexpr std::int16_t kConversionCostHours = 3;
+
 // Nectar per hour of one field: 12 for "N", 7 for "B", 5 for "S", 0 for anything else.
 std::int16_t TerrainYield(std::string_view terrain);
 

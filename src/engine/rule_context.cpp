@@ -1,6 +1,6 @@
 #include "engine/rule_context.h"
 
-#include "engine/event_executor.h"
+#include "engine/execution_messages.h"
 #include "model/field_addressing.h"
 
 namespace trelvin {

@@ -2,6 +2,7 @@
 #include "engine/game_tables.h"
 #include "engine/rules.h"
 #include "model/field_addressing.h"
+#include "model/game_words.h"
 
 namespace trelvin {
 
@@ -93,8 +94,8 @@ void ApplyAttack(RuleContext& ctx) {
 
     // Rock is cheaper to attack; an attack elsewhere that the attacker cannot afford is a
     // forged record, reported but carried on.
-    const bool onRock = ctx.tile(e.target).terrain == "S";
-    const std::int16_t factor = onRock ? 4 : 5;
+    const bool onRock = ctx.tile(e.target).terrain == terrain::kRock;
+    const std::int16_t factor = onRock ? kRockAttackCostFactor : kAttackCostFactor;
     if (!onRock) ctx.setMode(ErrorMode::Forgery);
     const std::int16_t cost = FieldDistance(e.place, e.target, factor);
     ctx.step([&] {

@@ -32,8 +32,8 @@ void ApplyBuy(RuleContext& ctx) {
 void ApplyConvertGround(RuleContext& ctx) {
     WorldState& w = ctx.world;
     const ReplayEvent& e = ctx.event();
-    const std::int16_t newYield = TerrainYield(e.target);
-    ctx.step([&] { w.actionText = "Pretvoreni zeme na " + e.place + " na " + e.target; });
+    const std::int16_t newYield = TerrainYield(e.newTerrain());
+    ctx.step([&] { w.actionText = "Pretvoreni zeme na " + e.place + " na " + e.newTerrain(); });
     Tile* field = nullptr;
     Player* owner = nullptr;
     ctx.step([&] {
@@ -47,25 +47,25 @@ void ApplyConvertGround(RuleContext& ctx) {
     ctx.step([&] { owner->nectarPerHour = checked16(owner->nectarPerHour + std::int64_t{newYield}); });
     ctx.step([&] { owner->moves = checked16(owner->moves - std::int64_t{1}); });
     ctx.step([&] {
-        owner->nectar = checked32(owner->nectar - std::int64_t{checked16(newYield * 3)});
+        owner->nectar = checked32(owner->nectar - std::int64_t{checked16(newYield * kConversionCostHours)});
     });
-    ctx.step([&] { field->terrain = e.target; });
+    ctx.step([&] { field->terrain = e.newTerrain(); });
     ctx.step([&] {
         w.actionText += std::string(kLineBreak) + "Akce stala 1 tah a " +
-                        num(checked16(newYield * 3)) + "ml nektaru.";
+                        num(checked16(newYield * kConversionCostHours)) + "ml nektaru.";
     });
 }
 
 void ApplyTrade(RuleContext& ctx) {
     WorldState& w = ctx.world;
     const ReplayEvent& e = ctx.event();
-    ctx.step([&] { w.actionText = "Poslani surovin:" + e.place + " -> " + e.target; });
+    ctx.step([&] { w.actionText = "Poslani surovin:" + e.sender() + " -> " + e.receiver(); });
     ctx.step([&] {
-        Player& sender = ctx.player(e.place);
+        Player& sender = ctx.player(e.sender());
         sender.nectar = checked32(sender.nectar - std::int64_t{e.amount});
     });
     ctx.step([&] {
-        Player& receiver = ctx.player(e.target);
+        Player& receiver = ctx.player(e.receiver());
         receiver.nectar = checked32(receiver.nectar + std::int64_t{e.amount});
     });
 }

@@ -15,7 +15,7 @@ void ApplyCreateWorld(RuleContext& ctx) {
     });
     ctx.step([&] { w.actionText += "Rychlost: " + num(w.speed) + std::string(kLineBreak); });
     ctx.step([&] { w.actionText += "Pocet hracu (limit): " + num(w.playerLimit); });
-    const std::string terrains = e.place;
+    const std::string terrains = e.terrains();
     for (std::size_t i = 1; i <= terrains.size(); ++i) {
         const int k = static_cast<int>(i);
         ctx.step([&] { ctx.tileAt(k).terrain = std::string(1, terrains[i - 1]); });
@@ -32,7 +32,7 @@ void ApplyCreateHq(RuleContext& ctx) {
     ctx.step([&] { w.players.emplace_back(); });
     Player& p = w.players.back();
     ctx.step([&] { p.name = e.playerName; });
-    ctx.step([&] { p.side = e.target; });
+    ctx.step([&] { p.side = e.joiningSide(); });
     ctx.step([&] { p.hqField = e.place; });
     ctx.step([&] { p.playing = true; });
     ctx.step([&] { w.actionText = "vytvoreni veleni hrace " + e.playerName + "(" + p.side + ")"; });
@@ -44,16 +44,16 @@ void ApplyStart(RuleContext& ctx) {
     ctx.step([&] { w.actionText = "Zacatek sveta"; });
     for (int i = 1; i <= w.lastPlayerIndex(); ++i) {
         Player& p = w.players[i];
-        ctx.step([&] { p.nectar = 500; });
-        ctx.step([&] { p.moves = 15; });
-        ctx.step([&] { p.territory = 1; });
+        ctx.step([&] { p.nectar = kStartingNectar; });
+        ctx.step([&] { p.moves = kStartingMoves; });
+        ctx.step([&] { p.territory = kStartingTerritory; });
         ctx.step([&] { p.nectarPerHour = TerrainYield(ctx.tile(p.hqField).terrain); });
     }
 }
 
 void ApplyAddRounds(RuleContext& ctx) {
     WorldState& w = ctx.world;
-    const std::int16_t hours = ctx.event().amount;
+    const std::int16_t hours = ctx.event().hours();
     ctx.step([&] {
         const std::int16_t gained = checked16(std::int64_t{w.speed} * hours);
         w.actionText = "Pridani " + num(gained) + " (za " + num(hours) + " hodin) tahu.";
@@ -80,10 +80,10 @@ void ApplyEnd(RuleContext& ctx) {
         const int last = w.lastEventIndex();
         if (last < 1) throw RuleError(RuleError::Kind::OutOfRange, "Index mimo rozsah");
         const Tile& decisive = ctx.tile(w.events[last - 1].place);
-        w.events[last].playerName = ctx.player(decisive.owner).side;
+        w.events[last].winningSide() = ctx.player(decisive.owner).side;
     });
     ctx.step([&] {
-        w.actionText = "konec sveta - vitezem se stal typ " + ctx.event().playerName;
+        w.actionText = "konec sveta - vitezem se stal typ " + ctx.event().winningSide();
     });
 }
 

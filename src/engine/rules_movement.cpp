@@ -24,7 +24,7 @@ void ApplyMove(RuleContext& ctx) {
         Tile& from = ctx.tile(e.place);
         if (from.armyCount == 0) from.armyType.clear();
     });
-    const std::int16_t cost = FieldDistance(e.place, e.target, 2);
+    const std::int16_t cost = FieldDistance(e.place, e.target, kMoveCostFactor);
     ctx.step([&] {
         Player& owner = ctx.ownerOf(e.place);
         owner.moves = checked16(owner.moves - std::int64_t{cost});

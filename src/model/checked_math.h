@@ -12,7 +12,7 @@ namespace trelvin {
 // Czech description shown after the fixed prefix of a message box.
 class RuleError : public std::runtime_error {
 public:
-    enum class Kind { Overflow, TypeMismatch, OutOfRange, DivisionByZero, Other };
+    enum class Kind { Overflow, TypeMismatch, OutOfRange, DivisionByZero };
     RuleError(Kind kind, const std::string& description)
         : std::runtime_error(description), kind_(kind) {}
     Kind kind() const { return kind_; }

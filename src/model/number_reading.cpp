@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "model/blanks.h"
 #include "model/checked_math.h"
 
 namespace trelvin {
@@ -16,12 +17,6 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 std::size_t skipDigits(std::string_view text, std::size_t pos) {
     while (pos < text.size() && isDigit(text[pos])) ++pos;
     return pos;
-}
-
-std::string_view trimBlanks(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
 }
 
 [[noreturn]] void throwTypeMismatch(std::string_view text) {
@@ -92,7 +87,7 @@ std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
 }
 
 std::optional<double> readStrictDouble(std::string_view text) {
-    const std::string_view trimmed = trimBlanks(text);
+    const std::string_view trimmed = TrimBlanks(text);
     const auto prefix = readNumberPrefix(trimmed);
     if (!prefix || prefix->length != trimmed.size()) return std::nullopt;
     return prefix->value;

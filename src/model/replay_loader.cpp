@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "model/action_keyword.h"
+#include "model/action_table.h"
+#include "model/blanks.h"
 #include "model/checked_math.h"
 #include "model/number_reading.h"
 #include "model/replay_limits.h"
@@ -137,12 +138,6 @@ bool isUtf8Source(ReplaySource& source, TaskProgress* progress) {
     return detector.isUtf8Text();
 }
 
-std::string_view trimSpaces(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
-}
-
 // Splits into `parts`, reusing its storage: the loader splits every line. Its fields are
 // short, so a plain scan beats a library search per field.
 void split(std::string_view text, char separator, std::vector<std::string_view>& parts) {
@@ -254,7 +249,7 @@ public:
             lineNumber_ = lines.lineNumber() + 1;
             const std::optional<std::string_view> line = lines.next();
             if (!line) break;
-            const std::string_view trimmed = trimSpaces(decoded(*line, lines.lineIsAscii()));
+            const std::string_view trimmed = TrimBlanks(decoded(*line, lines.lineIsAscii()));
             if (trimmed.empty()) continue;
             readActionLine(trimmed);
         }
@@ -302,7 +297,7 @@ private:
     void readActionLine(std::string_view line) {
         std::vector<std::string_view>& fields = fields_;
         split(line, ';', fields);
-        for (std::size_t i = 1; i < fields.size(); ++i) fields[i] = trimSpaces(fields[i]);
+        for (std::size_t i = 1; i < fields.size(); ++i) fields[i] = TrimBlanks(fields[i]);
         const DateTime lineTime = readTimeStamp(fields[0]);
 
         ImpliedEvents& implied = implied_;
@@ -390,70 +385,32 @@ private:
         throw LoadFailure{"replay ma vice nez " + std::to_string(kMaxEvents) + " udalosti"};
     }
 
-    static std::int16_t leading(std::string_view field) { return readLeadingNumber(field); }
-    static std::int16_t strict(std::string_view field) { return readStrictNumber(field); }
-
     static Action fillEvent(ReplayEvent& event, const std::vector<std::string_view>& fields,
                             const DateTime& lineTime) {
         event.time = lineTime;
         event.action.assign(keyword(fields));
-        const auto need = [&](std::size_t count) {
-            if (fields.size() < count)
-                throw LoadFailure{"akce '" + event.action + "' potrebuje " +
-                                  std::to_string(count) + " poli, radek jich ma " +
-                                  std::to_string(fields.size())};
-        };
-        const Action action = ActionOf(event.action);
-        switch (action) {
-            case Action::CreateWorld:
-                need(3);
-                event.place.assign(fields[2]);
-                break;
-            case Action::Attack:
-                need(7);
-                event.place.assign(fields[2]);
-                event.target.assign(fields[3]);
-                event.amount = leading(fields[4]);
-                event.success = leading(fields[5]) != 0;
-                event.survivors = leading(fields[6]);
-                break;
-            case Action::Move:
-            case Action::Trade:
-                need(5);
-                event.place.assign(fields[2]);
-                event.target.assign(fields[3]);
-                event.amount = strict(fields[4]);
-                break;
-            case Action::Retreat:
-                need(4);
-                event.place.assign(fields[2]);
-                event.amount = strict(fields[3]);
-                break;
-            case Action::Buy:
-                need(5);
-                event.place.assign(fields[2]);
-                event.armyType.assign(fields[3]);
-                event.amount = leading(fields[4]);
-                break;
-            case Action::ConvertGround:
-                need(4);
-                event.place.assign(fields[2]);
-                event.target.assign(fields[3]);
-                break;
-            case Action::CreateHq:
-                need(5);
-                event.playerName.assign(fields[2]);
-                event.target.assign(fields[3]);
-                event.place.assign(fields[4]);
-                break;
-            case Action::End:
-                need(3);
-                event.playerName.assign(fields[2]);
-                break;
-            default:  // "start" and keywords outside the table carry only time and keyword
-                break;
+        const ActionInfo& info = InfoOf(ActionOf(event.action));
+        if (fields.size() < info.fieldCount())
+            throw LoadFailure{"akce '" + event.action + "' potrebuje " + std::to_string(info.fieldCount()) +
+                              " poli, radek jich ma " + std::to_string(fields.size())};
+        for (std::size_t i = 0; i < info.operandCount; ++i) fillOperand(event, info.operands[i], fields[2 + i]);
+        return info.action;
+    }
+
+    static void fillOperand(ReplayEvent& event, OperandField slot, std::string_view field) {
+        switch (slot.operand) {
+            case Operand::Place: event.place.assign(field); break;
+            case Operand::Target: event.target.assign(field); break;
+            case Operand::PlayerName: event.playerName.assign(field); break;
+            case Operand::ArmyType: event.armyType.assign(field); break;
+            case Operand::Amount: event.amount = readCount(slot.reading, field); break;
+            case Operand::Success: event.success = readCount(slot.reading, field) != 0; break;
+            case Operand::Survivors: event.survivors = readCount(slot.reading, field); break;
         }
-        return action;
+    }
+
+    static std::int16_t readCount(Reading reading, std::string_view field) {
+        return reading == Reading::StrictNumber ? readStrictNumber(field) : readLeadingNumber(field);
     }
 
     const ReplayEvent& lastEvent() const { return world_.events.back(); }

@@ -10,6 +10,9 @@
 
 namespace trelvin {
 
+// One action of the event list. `place` is usually the field where the action happens and
+// `target` a second field; where an action gives them another meaning, the accessors below
+// name it.
 struct ReplayEvent {
     DateTime time;
     std::string action;
@@ -20,6 +23,21 @@ struct ReplayEvent {
     std::int16_t survivors = 0;
     std::string playerName;
     std::string armyType;
+
+    // create_world: one terrain letter per field, field 1 first.
+    const std::string& terrains() const { return place; }
+    // create_hq: the new player's side.
+    const std::string& joiningSide() const { return target; }
+    // convert_gnd: the field's new terrain letter.
+    const std::string& newTerrain() const { return target; }
+    // trade: the players who send and who receive the nectar.
+    const std::string& sender() const { return place; }
+    const std::string& receiver() const { return target; }
+    // end: the winning side.
+    const std::string& winningSide() const { return playerName; }
+    std::string& winningSide() { return playerName; }
+    // add_rounds: the hours whose gains it adds.
+    std::int16_t hours() const { return amount; }
 };
 
 struct Tile {

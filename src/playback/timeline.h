@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-#include "view/action_log.h"
+#include "history/replay_history.h"
 
 namespace trelvin {
 

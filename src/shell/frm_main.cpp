@@ -32,7 +32,7 @@
 #include "shell/designed_fonts.h"
 #include "shell/designed_layout.h"
 #include "shell/slow_task_dialog.h"
-#include "view/action_log.h"
+#include "history/replay_history.h"
 #include "view/map_grid.h"
 
 using trelvin::kDesignedClientHeight;

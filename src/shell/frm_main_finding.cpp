@@ -18,7 +18,7 @@
 #include "playback/position_texts.h"
 #include "playback/timeline.h"
 #include "shell/frm_main.h"
-#include "view/action_log.h"
+#include "history/replay_history.h"
 
 namespace {
 
@@ -87,7 +87,7 @@ void frmMain::buildFindingAids(QWidget* central) {
 
 void frmMain::showReplayInFindingAids() {
     try {
-        log_ = std::make_unique<trelvin::ActionLog>(trelvin::ActionLog::Build(world_));
+        log_ = std::make_unique<trelvin::ActionLog>(trelvin::ReplayHistory::Build(world_).log);
     } catch (const std::exception&) {
         log_ = std::make_unique<trelvin::ActionLog>();  // no room for the list: it stays empty
     }

@@ -5,6 +5,7 @@
 #include "engine/game_tables.h"
 #include "model/checked_math.h"
 #include "model/field_addressing.h"
+#include "model/game_words.h"
 #include "model/number_reading.h"
 
 namespace trelvin {
@@ -43,7 +44,7 @@ std::optional<FieldInspection> InspectField(const WorldState& world, std::string
     if (index != checked || index > world.lastTileIndex()) return std::nullopt;
 
     const Tile& tile = world.tiles[index];
-    if (tile.terrain == "X") return FieldInspection{"", "Nedobytne pole", "", ""};
+    if (tile.terrain == terrain::kUnconquerable) return FieldInspection{"", "Nedobytne pole", "", ""};
     if (!tile.visible) return FieldInspection{"", "nezname uzemi", "", ""};
     if (tile.owner.empty()) return FieldInspection{"", "volne uzemi", "", ""};
 

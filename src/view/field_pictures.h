@@ -28,12 +28,19 @@ inline constexpr int kUnconquerable = 16;
 inline constexpr int kCount = 16;
 }  // namespace picture
 
-// Picture of field k for the way of viewing, from the flags of the last UpdateVisibility.
-// May store "N" in the empty terrain of an owned, visible field, as the redraw does.
-// A field outside the table shows as hidden.
-int ChoosePicture(WorldState& world, int k, ViewMode mode);
+// What a redraw of the map writes into the world before it chooses the pictures: every field's
+// visible flag for the way of viewing, and "N" in the empty terrain of each owned field among
+// fields 1 .. fieldCount that is visible then. Nothing else outside the executor writes the world.
+void RevealForView(WorldState& world, ViewMode mode, int fieldCount);
 
-// The whole redraw: UpdateVisibility, then the pictures of fields 1 .. fieldCount.
+// Picture of field k for the way of viewing, from the flags of the last RevealForView. A field
+// outside the table shows as hidden.
+int ChoosePicture(const WorldState& world, int k, ViewMode mode);
+
+// The pictures of fields 1 .. fieldCount.
+std::vector<int> ChoosePictures(const WorldState& world, ViewMode mode, int fieldCount);
+
+// The whole redraw of a map of fieldCount fields: RevealForView, then ChoosePictures.
 std::vector<int> RedrawPictures(WorldState& world, ViewMode mode, int fieldCount);
 
 }  // namespace trelvin

@@ -41,8 +41,8 @@ TEST(Lifecycle, PlayersJoinStartGainHourlyAndEnd) {
     WorldState w = MakeWorld(3, 2, "NBSXNN");
     EXPECT_TRUE(Apply(w, WithPlayer(Event("create_hq", "B0", "louka"), "Jana")).empty());
     EXPECT_EQ(w.actionText, "vytvoreni veleni hrace Jana(louka)");
-    EXPECT_EQ(w.players[1].name + w.players[1].side + w.players[1].hqField + At(w, "B0").owner,
-              "JanaloukaB0Jana");
+    EXPECT_EQ(std::tuple(w.players[1].name, w.players[1].side, w.players[1].hqField, At(w, "B0").owner),
+              std::tuple("Jana", "louka", "B0", "Jana"));
     Apply(w, WithPlayer(Event("create_hq", "C0", "les"), "Karel"));
     EXPECT_TRUE(Apply(w, Event("start")).empty());
     EXPECT_EQ(w.actionText, "Zacatek sveta");
@@ -112,7 +112,7 @@ TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
     EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (Jana) s 12 jednotkami.\r\nUtok se zdaril prezilo 9 "
                             "jednotek\r\nDobyto veleni hrace Jana\r\nDobyto veleni hrace Twin\r\n"
                             "Akce stala 7 tah(u).");
-    EXPECT_FALSE(jana().playing || w.players[3].playing);
+    EXPECT_EQ(std::tuple(jana().playing, w.players[3].playing), std::tuple(false, false));
     EXPECT_EQ(std::tuple(jana().territory, jana().nectarPerHour, karel().nectarPerHour), std::tuple(1, 5, 19));
     for (const char* freed : {"A0", "E5", "J9", "H0"})
         EXPECT_EQ(std::tuple(At(w, freed).owner, At(w, freed).armyCount), std::tuple("", 0)) << freed;

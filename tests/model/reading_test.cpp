@@ -1,6 +1,7 @@
 // How a replay's values are read: numbers, Windows-1250 text, field names and player names.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdio>
 
 #include "model/checked_math.h"
@@ -145,9 +146,10 @@ TEST(DateTimeTest, EveryDayOfCenturyAndLeapBoundariesAndTheRangeLimits) {
     const DateTime last = *DateTime::fromParts(9999, 12, 31, 23, 59, 59);
     EXPECT_THROW(last.plusSeconds(1), RuleError);
     EXPECT_THROW(DateTime::fromParts(100, 1, 1, 0, 0, 0)->plusSeconds(-1), RuleError);
-    EXPECT_FALSE(DateTime::fromParts(2004, 6, 19, 24, 0, 0) || DateTime::fromParts(2004, 6, 19, 23, 60, 0) ||
-                 DateTime::fromParts(2004, 6, 19, 23, 0, 60) || DateTime::fromParts(10000, 1, 1, 0, 0, 0) ||
-                 DateTime::fromParts(99, 12, 31, 0, 0, 0) || DateTime::fromParts(2004, 0, 1, 0, 0, 0));
+    for (const auto& [y, mo, d, h, mi, s] : {std::array{2004, 6, 19, 24, 0, 0}, {2004, 6, 19, 23, 60, 0},
+                                             {2004, 6, 19, 23, 0, 60}, {10000, 1, 1, 0, 0, 0},
+                                             {99, 12, 31, 0, 0, 0}, {2004, 0, 1, 0, 0, 0}})
+        EXPECT_FALSE(DateTime::fromParts(y, mo, d, h, mi, s)) << y << "-" << mo << "-" << d << " " << h << ":" << mi << ":" << s;
     const DateTime t = *DateTime::fromParts(2004, 2, 28, 23, 59, 30);
     EXPECT_EQ(t.fullHour().iso(), "2004-02-28T23:00:00");
     EXPECT_EQ(t.plusHours(25).fullHour().hoursSince(t.fullHour()), 25);

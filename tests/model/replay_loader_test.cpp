@@ -208,11 +208,13 @@ TEST_F(FailedLoad, TheEventListStopsAt32767) {
     std::string file = "0;A;9;1;1;1\n";
     for (int i = 0; i < 32767; ++i) file += "2004-06-19-08-00-00;fly\n";
     WorldState full;
-    EXPECT_TRUE(Load(full, file).empty() && full.eventCount == 32767);
+    EXPECT_TRUE(Load(full, file).empty());
+    EXPECT_EQ(full.eventCount, 32767);
     expectFailure(Load(w, file + "2004-06-19-08-00-00;fly\n"), "one event too many");
     EXPECT_EQ(w.lastEventIndex(), 32767);
     WorldState never;  // a failed first load leaves the world unloaded
-    EXPECT_FALSE(Load(never, "0;A;9;1;1\n").empty() || never.loaded);
+    EXPECT_FALSE(Load(never, "0;A;9;1;1\n").empty());
+    EXPECT_FALSE(never.loaded);
     // A failure before the header names no line; a bad time stamp is quoted as it stands.
     EXPECT_EQ(Load(never, ""), std::vector<std::string>{std::string(kLoadFailure) + "soubor neobsahuje hlavicku"});
     EXPECT_EQ(Load(never, "0;A;9;1;1;1\n2004-06-19-08-00-0x ;fly\n"),

@@ -1,6 +1,8 @@
 #pragma once
 // Small worlds and replay texts for the core tests: a map from a terrain string, players,
 // events applied one by one, and loads from bytes.
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <string>
 #include <tuple>
@@ -80,9 +82,14 @@ inline std::string Actions(const WorldState& w) {
     return joined;
 }
 
-// Exactly one message: the prefix and a description after it.
-inline bool OneMessage(const std::vector<std::string>& texts, const char* prefix) {
-    return texts.size() == 1 && texts[0].starts_with(prefix) && texts[0].size() > std::strlen(prefix);
+// Exactly one message: the prefix and a description after it. A failure shows the texts.
+inline ::testing::AssertionResult OneMessage(const std::vector<std::string>& texts, const char* prefix) {
+    if (texts.size() == 1 && texts[0].starts_with(prefix) && texts[0].size() > std::strlen(prefix))
+        return ::testing::AssertionSuccess();
+    auto failure = ::testing::AssertionFailure() << texts.size() << " message(s), not one that starts with '"
+                                                 << prefix << "' and goes on:";
+    for (const std::string& text : texts) failure << " [" << text << "]";
+    return failure;
 }
 
 }  // namespace trelvin::testing

@@ -1,12 +1,11 @@
 #pragma once
 // Every event of a replay as applying it once from the first tells: its kind, the first line
-// of its description, the messages it reported and whether a headquarters fell. Built once per
-// opened replay on a copy of the world, so the views can list, mark and find events without
-// re-applying anything.
+// of its description, the messages it reported and whether a headquarters fell, so the views
+// can list, mark and find events without re-applying anything.
 #include <string>
 #include <vector>
 
-#include "model/action_keyword.h"
+#include "model/action_table.h"
 #include "model/date_time.h"
 #include "model/world_state.h"
 
@@ -28,8 +27,8 @@ enum class EventKind { All, Attacks, HeadquartersCaptures, Economy, Moves, Lifec
 
 class ActionLog {
 public:
-    // Applies the loaded events 1 .. the last in the list to a copy of `world`.
-    static ActionLog Build(const WorldState& world);
+    // Notes event `index`, just applied to `world` in order from the first, and what it reported.
+    void record(const WorldState& world, int index, std::vector<std::string> messages);
 
     int size() const { return static_cast<int>(events_.size()); }
     // Event `index` (from 1).
@@ -42,6 +41,7 @@ public:
 
 private:
     std::vector<LoggedEvent> events_;
+    int playersInGame_ = 0;  // after the event recorded last
 };
 
 }  // namespace trelvin

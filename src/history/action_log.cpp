@@ -1,0 +1,58 @@
+#include "history/action_log.h"
+
+#include <algorithm>
+
+namespace trelvin {
+
+namespace {
+
+int playersInGame(const WorldState& world) {
+    return static_cast<int>(std::count_if(world.players.begin() + 1, world.players.end(),
+                                          [](const Player& p) { return p.playing; }));
+}
+
+std::string firstLine(const std::string& text) { return text.substr(0, text.find("\r\n")); }
+
+}  // namespace
+
+void ActionLog::record(const WorldState& world, int index, std::vector<std::string> messages) {
+    const ReplayEvent& applied = world.events[static_cast<std::size_t>(index)];
+    LoggedEvent& entry = events_.emplace_back();
+    entry.time = applied.time;
+    entry.keyword = applied.action;
+    entry.action = ActionOf(applied.action);
+    entry.summary = firstLine(world.actionText);
+    entry.subjects = applied.place + " " + applied.target + " " + applied.playerName;
+    entry.messages = std::move(messages);
+    // Event 1 creates the world and empties the players; a later one can only remove them.
+    const int inGame = playersInGame(world);
+    entry.headquartersTaken = index > 1 && inGame < playersInGame_;
+    playersInGame_ = inGame;
+    entry.startsAnHour = index == 1 || applied.time.fullHour() !=
+                                           world.events[static_cast<std::size_t>(index - 1)].time.fullHour();
+}
+
+bool ActionLog::isOfKind(int index, EventKind kind) const {
+    const LoggedEvent& e = event(index);
+    const ActionFamily family = InfoOf(e.action).family;
+    switch (kind) {
+        case EventKind::All: return true;
+        case EventKind::Attacks: return family == ActionFamily::Attack;
+        case EventKind::HeadquartersCaptures: return e.headquartersTaken;
+        case EventKind::Economy: return family == ActionFamily::Economy;
+        case EventKind::Moves: return family == ActionFamily::Move;
+        case EventKind::Lifecycle: return family == ActionFamily::Lifecycle;
+        case EventKind::Failures: return !e.messages.empty();
+    }
+    return false;
+}
+
+int ActionLog::nearest(int index, EventKind kind, bool forward) const {
+    const int step = forward ? 1 : -1;
+    for (int i = forward ? std::max(index + 1, 1) : std::min(index - 1, size()); i >= 1 && i <= size();
+         i += step)
+        if (isOfKind(i, kind)) return i;
+    return 0;
+}
+
+}  // namespace trelvin

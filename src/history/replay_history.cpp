@@ -1,0 +1,18 @@
+#include "history/replay_history.h"
+
+#include "engine/event_executor.h"
+
+namespace trelvin {
+
+ReplayHistory ReplayHistory::Build(const WorldState& world) {
+    ReplayHistory history;
+    WorldState scratch = world;
+    for (int index = 1; index <= scratch.lastEventIndex(); ++index) {
+        RecordingReporter reporter;
+        ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
+        history.log.record(scratch, index, std::move(reporter.texts));
+    }
+    return history;
+}
+
+}  // namespace trelvin

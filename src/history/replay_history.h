@@ -1,0 +1,17 @@
+#pragma once
+// What the viewer learns of a replay by applying all of its events once, in order, to a copy of
+// the world when the replay is opened: the action log for now; everything else that needs the
+// whole game at once is built in the same pass.
+#include "history/action_log.h"
+#include "model/world_state.h"
+
+namespace trelvin {
+
+struct ReplayHistory {
+    ActionLog log;
+
+    // Applies the loaded events 1 .. the last in the list to a copy of `world`.
+    static ReplayHistory Build(const WorldState& world);
+};
+
+}  // namespace trelvin
