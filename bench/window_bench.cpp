@@ -9,11 +9,13 @@
 
 #include <QApplication>
 
-#include "shell/frm_main.h"
-#include "playback/action_list.h"
-#include "playback/timeline.h"
 #include "history/replay_history.h"
-#include "view/map_grid.h"
+#include "panels/action_list_panel.h"
+#include "panels/map_panel.h"
+#include "panels/playback_controls.h"
+#include "panels/timeline_strip.h"
+#include "playback/timeline.h"
+#include "shell/frm_main.h"
 
 namespace {
 
@@ -50,10 +52,10 @@ double medianMilliseconds(int runs, Body&& body) {
 void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QApplication application(argc, argv);
-    trelvin::WorldState world;
     SilentMessages messages;
     FixedFile file(QString::fromStdString(path));
-    frmMain window(world, {messages, file, {}, {}});
+    frmMain window({messages, file, {}, {}});
+    const trelvin::WorldState& world = window.session().world();
     window.resize(1280, 800);
     window.show();
 
@@ -63,9 +65,9 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     });
     std::printf("%-28s %10.3f %s\n", "full_open_ms", openMs, "ms (target < 100)");
 
-    window.cmdEnd_Click();
+    window.controls->cmdEnd_Click();
     const double redrawMs = medianMilliseconds(runs, [&] {
-        window.Zobraz();
+        window.grid->Zobraz();
         window.grid->viewport()->repaint();
     });
     std::printf("%-28s %10.3f %s\n", "redraw_ms", redrawMs, "ms (target < 16)");
@@ -81,10 +83,10 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
 
     // Jumps from the timeline, the list or the keys: the rebuild, the redraw and every panel.
     const auto jumpAndPaint = [&](int event) {
-        window.jumpTo(event);
+        window.session().jumpTo(event);
         window.grid->viewport()->repaint();
         window.actionList->repaint();
-        window.timeline->repaint();
+        window.timelineStrip->timeline->repaint();
     };
     std::mt19937 random(7);
     std::uniform_int_distribution<int> anywhere(1, world.eventCount);
@@ -97,7 +99,7 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     // A drag from end to end in one second at 60 moves a second: the slowest move must fit in
     // one frame, or the position lags behind the mouse.
     double slowestMove = 0;
-    window.jumpTo(1);
+    window.session().jumpTo(1);
     for (int move = 1; move <= 60; ++move) {
         const int event = 1 + (world.eventCount - 1) * move / 60;
         slowestMove = std::max(slowestMove, medianMilliseconds(1, [&] { jumpAndPaint(event); }));

@@ -1,21 +1,32 @@
-# The window: the Qt bridge, the map widget, the playback and the shell over Qt Widgets.
+# The window: the Qt bridge, the map widget and painter, the playback, the session that owns
+# an opened replay, the panels that follow it, and the shell over Qt Widgets.
 add_library(trelvin_ui STATIC
   bridge/core_text.h
   bridge/twips.cpp
+  view/map_painter.cpp
   view/map_grid.cpp
   playback/playback.cpp
   playback/clock_geometry.cpp
   playback/clock_face.cpp
   playback/position_texts.cpp
-  playback/player_panel.cpp
+  playback/player_texts.cpp
   playback/timeline.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
+  session/replay_session.cpp
+  panels/playback_commands.cpp
+  panels/playback_controls.cpp
+  panels/description_strip.cpp
+  panels/view_mode_panel.cpp
+  panels/player_panel.cpp
+  panels/field_panel.cpp
+  panels/map_panel.cpp
+  panels/timeline_strip.cpp
+  panels/action_list_panel.cpp
   shell/frm_main.cpp
-  shell/frm_main_handlers.cpp
-  shell/frm_main_finding.cpp
+  shell/finding_aids.cpp
   shell/open_flow.cpp
-  shell/map_area.cpp
+  shell/window_size.cpp
   shell/designed_fonts.cpp
   shell/command_line.cpp
   shell/qt_translations.cpp

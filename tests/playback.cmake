@@ -5,6 +5,7 @@ gtest_discover_tests(clock_and_date_tests DISCOVERY_TIMEOUT 30)
 # The playback alone, without a window.
 add_executable(playback_tests playback/playback_test.cpp)
 set_target_properties(playback_tests PROPERTIES AUTOMOC ON)
+target_include_directories(playback_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
 target_link_libraries(playback_tests PRIVATE trelvin_ui Qt6::Test)
 add_test(NAME playback_tests COMMAND playback_tests)
 set_tests_properties(playback_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 120)

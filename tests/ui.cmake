@@ -11,7 +11,6 @@ endfunction()
 
 trelvin_window_test(map_window_tests shell/map_window_test.cpp)
 trelvin_window_test(keyboard_and_drop_tests shell/keyboard_and_drop_test.cpp)
-trelvin_window_test(navigation_window_tests shell/navigation_window_test.cpp)
 trelvin_window_test(finding_window_tests shell/finding_window_test.cpp)
 
 # On a laptop's screen of 1366 x 768 pixels.

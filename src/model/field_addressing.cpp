@@ -58,10 +58,10 @@ std::string ColumnCharacter(int column) {
     return std::string(1, static_cast<char>(characterCode));
 }
 
-std::string FieldName(const WorldState& world, int k) {
-    if (world.mapWidth == 0) throw RuleError(RuleError::Kind::DivisionByZero, "Mapa nema sloupce");
-    const int column = (k - 1) % world.mapWidth;
-    const int row = (k - 1) / world.mapWidth;
+std::string FieldName(int columns, int k) {
+    if (columns == 0) throw RuleError(RuleError::Kind::DivisionByZero, "Mapa nema sloupce");
+    const int column = (k - 1) % columns;
+    const int row = (k - 1) / columns;
     return ColumnCharacter(column) + std::to_string(row);
 }
 

@@ -13,9 +13,11 @@ namespace trelvin {
 // number, an overflow when the index leaves the signed 16-bit range.
 std::int16_t FieldIndex(const WorldState& world, std::string_view name);
 
-// Name of field k: the character "A" + (k - 1) mod mapWidth, then (k - 1) div mapWidth.
-// Throws when the map has no columns or the column character would pass code 255.
-std::string FieldName(const WorldState& world, int k);
+// Name of field k of a map `columns` wide: the character "A" + (k - 1) mod columns, then
+// (k - 1) div columns. Throws when the map has no columns or the column character would pass
+// code 255.
+std::string FieldName(int columns, int k);
+inline std::string FieldName(const WorldState& world, int k) { return FieldName(world.mapWidth, k); }
 
 // Column character of 0-based column c ("A" for 0); codes past "Z" continue the code page.
 std::string ColumnCharacter(int column);

@@ -33,12 +33,6 @@ ClockFace::ClockFace(QWidget* parent) : QFrame(parent) {
 
 int ClockFace::scaleHeight() const { return contentsRect().height() * kTwipsPerPixel; }
 
-void ClockFace::clear() {
-    dialShown_ = false;
-    time_.reset();
-    update();
-}
-
 void ClockFace::setTime(const std::optional<QTime>& time) {
     dialShown_ = true;
     time_ = time;

@@ -24,10 +24,9 @@ public:
     // The inner height in scale units, rounded: 915 for the box's own size.
     int scaleHeight() const;
 
-    // An empty face.
-    void clear();
     // The dial with the hands at `time`; without a time, the dial alone.
     void setTime(const std::optional<QTime>& time);
+    const std::optional<QTime>& time() const { return time_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,45 +1,42 @@
 #include "playback/playback.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include <QTimer>
 
-#include "engine/event_executor.h"
-
 namespace trelvin {
 
-Playback::Playback(WorldState& world, Reporter& reporter, ApplyEvent apply, QObject* parent)
-    : QObject(parent), world_(world), reporter_(reporter), apply_(std::move(apply)),
-      timer_(new QTimer(this)) {
-    if (!apply_) apply_ = &ExecuteEvent;
-    connect(timer_, &QTimer::timeout, this, &Playback::onTimeout);
+Playback::Playback(const WorldState& world, Reporter& reporter, ApplyByIndex apply, QObject* parent)
+    : QObject(parent), world_(world), reporter_(reporter), apply_(std::move(apply)), tSlide(new QTimer(this)) {
+    connect(tSlide, &QTimer::timeout, this, &Playback::onTimeout);
 }
 
-bool Playback::isPlaying() const { return timer_->isActive(); }
+bool Playback::isPlaying() const { return tSlide->isActive(); }
 
-void Playback::apply(std::int16_t index, Reporter& reporter) { apply_(world_, index, reporter); }
+int Playback::interval() const { return tSlide->interval(); }
+
+void Playback::moved() { emit positionChanged(position_, world_.eventCount); }
 
 void Playback::openAtFirstEvent() {
     StepGuard guard(*this);
     position_ = 1;
-    apply(position_, reporter_);
+    apply_(position_, reporter_);
 }
 
 void Playback::first() {
     StepGuard guard(*this);
     position_ = 1;
     updateButtons();
-    apply(position_, reporter_);
-    emit moved();
+    apply_(position_, reporter_);
+    moved();
 }
 
 bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
     const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
     for (int index = 1; index <= last; ++index) {
         if (trackPosition) position_ = static_cast<std::int16_t>(index);
-        apply(static_cast<std::int16_t>(index), reporter);
+        apply_(static_cast<std::int16_t>(index), reporter);
         if (progress && !progress->keepGoing(index, last)) {
             position_ = static_cast<std::int16_t>(index);
             return false;
@@ -53,15 +50,15 @@ void Playback::back() {
     if (position_ > 0) --position_;
     rebuild(position_, false, reporter_);
     updateButtons();
-    emit moved();
+    moved();
 }
 
 void Playback::forward() {
     StepGuard guard(*this);
     if (position_ < world_.eventCount) ++position_;
     updateButtons();
-    apply(position_, reporter_);
-    emit moved();
+    apply_(position_, reporter_);
+    moved();
 }
 
 void Playback::last() {
@@ -70,7 +67,7 @@ void Playback::last() {
     const std::int16_t count = world_.eventCount;
     if (rebuild(count, true, reporter_)) position_ = count;
     updateButtons();
-    emit moved();
+    moved();
 }
 
 void Playback::jumpTo(int target, Reporter& quiet) {
@@ -78,13 +75,13 @@ void Playback::jumpTo(int target, Reporter& quiet) {
     position_ = static_cast<std::int16_t>(std::clamp<int>(target, 1, std::max<int>(world_.eventCount, 1)));
     rebuild(position_, false, quiet);
     updateButtons();
-    emit moved();
+    moved();
 }
 
 void Playback::setEnabled(bool& state, bool enabled) {
     if (state == enabled) return;
     state = enabled;
-    emit buttonsChanged();
+    emit stepsEnabledChanged(backwardEnabled_, forwardEnabled_, stopEnabled_);
 }
 
 // Four separate tests: a position past the count (after a failed load) leaves the forward
@@ -108,16 +105,25 @@ void Playback::updateButtons() {
     }
 }
 
-void Playback::play(bool forward, std::int16_t interval) {
+void Playback::setTimerRunning(bool running) {
+    const bool was = tSlide->isActive();
+    if (running)
+        tSlide->start();
+    else
+        tSlide->stop();
+    if (running != was) emit playingChanged(running);
+}
+
+void Playback::useTimer(bool forward, std::int16_t interval) {
     slideForward_ = forward;
     setEnabled(stopEnabled_, true);
     // Setting the interval restarts the countdown.
-    timer_->setInterval(interval);
-    timer_->start();
-    tick();
+    tSlide->setInterval(interval);
+    setTimerRunning(true);
+    tSlide_Timer();
 }
 
-void Playback::tick() {
+void Playback::tSlide_Timer() {
     StepGuard guard(*this);
     updateButtons();
     if (slideForward_) {
@@ -134,12 +140,12 @@ void Playback::tick() {
 }
 
 void Playback::stop() {
-    timer_->stop();
+    setTimerRunning(false);
     setEnabled(stopEnabled_, false);
     updateButtons();
 }
 
-void Playback::halt() { timer_->stop(); }
+void Playback::halt() { setTimerRunning(false); }
 
 void Playback::disableStop() { setEnabled(stopEnabled_, false); }
 
@@ -148,7 +154,7 @@ void Playback::onTimeout() {
         tickPending_ = true;
         return;
     }
-    tick();
+    tSlide_Timer();
 }
 
 Playback::StepGuard::StepGuard(Playback& playback) : playback_(playback) { ++playback_.stepDepth_; }

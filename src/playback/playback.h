@@ -1,8 +1,9 @@
 #pragma once
 // The current position in the event list and the ways of moving it: one event forwards or
-// backwards, to either end, and the slide show that steps by itself on a timer. The world
-// can only be built forwards, so every move backwards or to the end applies the events from
-// the first again. Views listen: `moved` comes once per move, after all of its events.
+// backwards, to either end, and the slide show that steps by itself on its own timer. The world
+// can only be built forwards, so every move backwards or to the end applies the events from the
+// first again. Its signals carry the values views need: `positionChanged` comes once per move,
+// after all of its events.
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -17,8 +18,8 @@ class QTimer;
 
 namespace trelvin {
 
-// Applies one event of the list; the executor in the program, a recording one in tests.
-using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
+// Applies event `index` (from 1) of the list to the world, reporting to `reporter`.
+using ApplyByIndex = std::function<void(std::int16_t index, Reporter& reporter)>;
 
 // Makes the progress of one rebuild from the first event; empty for none.
 using RebuildProgress = std::function<std::unique_ptr<TaskProgress>()>;
@@ -27,8 +28,12 @@ class Playback : public QObject {
     Q_OBJECT
 
 public:
-    // `apply` empty means the executor itself.
-    Playback(WorldState& world, Reporter& reporter, ApplyEvent apply, QObject* parent = nullptr);
+    // The slide show's two speeds, in milliseconds between steps.
+    static constexpr std::int16_t kSlowInterval = 5000;
+    static constexpr std::int16_t kFastInterval = 1000;
+
+    // `world` is read for its event count; `apply` changes it.
+    Playback(const WorldState& world, Reporter& reporter, ApplyByIndex apply, QObject* parent = nullptr);
 
     // Index of the event applied last; 0 before the first replay is opened.
     std::int16_t position() const { return position_; }
@@ -44,19 +49,19 @@ public:
     bool backwardEnabled() const { return backwardEnabled_; }
     bool stopEnabled() const { return stopEnabled_; }
 
+    bool isPlaying() const;
+    // Milliseconds between the steps of the show as last started.
+    int interval() const;
+
     // A rebuild that the progress stops ends at the event applied last: the position stays
     // there, and the views follow as after any move.
     void setRebuildProgress(RebuildProgress makeProgress) { makeProgress_ = std::move(makeProgress); }
-
-    // The slide show's clock.
-    QTimer* timer() const { return timer_; }
-    bool isPlaying() const;
 
     // A newly opened replay: position 1 with event 1 applied. The opener refreshes the views
     // and the buttons itself, in its own order, so this announces nothing.
     void openAtFirstEvent();
 
-    // The four steps. Each refreshes through `moved` once, after all its events.
+    // The four steps.
     void first();
     void back();
     void forward();
@@ -71,9 +76,9 @@ public:
     void updateButtons();
 
     // Starts or redirects the show: one step at once, then one per `interval` milliseconds.
-    void play(bool forward, std::int16_t interval);
+    void useTimer(bool forward, std::int16_t interval);
     // One tick of the show: a step towards the end it heads for, or the stop once it is there.
-    void tick();
+    void tSlide_Timer();
     // Stops the show and disables stopping.
     void stop();
     // Stops the timer alone, as a change of the control mode does.
@@ -83,9 +88,10 @@ public:
 
 signals:
     // The position moved and its events are applied: views follow the world now.
-    void moved();
-    // An enabled state of the buttons changed.
-    void buttonsChanged();
+    void positionChanged(int position, int eventCount);
+    // The enabled state of a button group changed; all three are given.
+    void stepsEnabledChanged(bool backward, bool forward, bool stop);
+    void playingChanged(bool playing);
 
 private:
     // Marks a step that applies events or shows message boxes; a tick that falls due meanwhile
@@ -101,18 +107,19 @@ private:
         Playback& playback_;
     };
 
-    void apply(std::int16_t index, Reporter& reporter);
     // Applies events 1 .. `last` in order, the position following when `trackPosition`; false
     // when the progress stopped it early, the position then at the event applied last.
     bool rebuild(std::int16_t last, bool trackPosition, Reporter& reporter);
     void setEnabled(bool& state, bool enabled);
+    void setTimerRunning(bool running);
+    void moved();
     void onTimeout();
 
-    WorldState& world_;
+    const WorldState& world_;
     Reporter& reporter_;
-    ApplyEvent apply_;
+    ApplyByIndex apply_;
     RebuildProgress makeProgress_;
-    QTimer* timer_;
+    QTimer* tSlide;
 
     std::int16_t position_ = 0;
     bool atBegin_ = false;

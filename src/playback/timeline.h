@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-#include "history/replay_history.h"
+#include "history/action_log.h"
 
 namespace trelvin {
 

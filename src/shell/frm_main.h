@@ -1,47 +1,32 @@
 #pragma once
-// The main window: every control of the viewer and their handlers. The handlers are thin:
-// moving through the replay is the playback's, drawing the map the map grid's, the clock the
-// clock face's; the window wires them to its controls and runs the open flow.
-#include <array>
-#include <cstdint>
-#include <functional>
-#include <memory>
+// The main window. It builds the menus, places the panels where the design puts their controls,
+// and runs the open flow; the session moves through the replay, and each panel follows it.
 #include <optional>
 
 #include <QMainWindow>
 #include <QString>
 
-#include "model/replay_source.h"
-#include "model/world_state.h"
-#include "playback/playback.h"
+#include "session/replay_session.h"
 #include "shell/message_reporter.h"
 #include "shell/message_service.h"
 #include "shell/open_file_service.h"
-#include "view/field_pictures.h"
 
-class QAction;
-class QComboBox;
 class QDockWidget;
 class QDragEnterEvent;
 class QDropEvent;
-class QGroupBox;
-class QLabel;
-class QLineEdit;
 class QMenu;
-class QPushButton;
-class QRadioButton;
-class QTimer;
 
 namespace trelvin {
-class ActionList;
-class ActionLog;
-class ClockFace;
-class MapGrid;
-class Timeline;
+class ActionListPanel;
+class DescriptionStrip;
+class FieldPanel;
+class MapPanel;
+class PlaybackCommands;
+class PlaybackControls;
+class PlayerPanel;
+class TimelineStrip;
+class ViewModePanel;
 enum class EventKind;
-
-// Where the bytes of the replay at a chosen path come from: the file in the program.
-using ReplayOpener = std::function<std::unique_ptr<ReplaySource>(const QString& path)>;
 
 struct WindowServices {
     MessageService& messages;
@@ -55,9 +40,10 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
 public:
-    frmMain(trelvin::WorldState& world, trelvin::WindowServices services,
-            QWidget* parent = nullptr);
+    explicit frmMain(trelvin::WindowServices services, QWidget* parent = nullptr);
     ~frmMain() override;
+
+    trelvin::ReplaySession& session() { return *session_; }
 
     // Outer width in twips of the window as designed, as the grid's formula reads it: the
     // panels added beside it are not counted.
@@ -67,53 +53,17 @@ public:
     QAction* mnuOtevritItem;
     QAction* mnuKonecItem;
 
-    std::array<QRadioButton*, 2> ov;
-    QPushButton* cmdBegin;
-    QPushButton* cmdBack;
-    QPushButton* cmdForw;
-    QPushButton* cmdEnd;
-    QPushButton* cmdSBegin;
-    QPushButton* cmdRZ;
-    QPushButton* cmdZ;
-    QPushButton* cmdS;
-    QPushButton* cmdD;
-    QPushButton* cmdRD;
-    QPushButton* cmdSEnd;
-    QLabel* lblTah;
-    trelvin::ClockFace* pHod;
-    QLabel* lblCas;
-    QLabel* lbl;
+    // The panels, each named as the design names its frame where it has one.
+    trelvin::PlaybackCommands* commands;
+    trelvin::PlaybackControls* controls;
+    trelvin::DescriptionStrip* strip;
+    trelvin::ViewModePanel* Frame2;
+    trelvin::PlayerPanel* f;
+    trelvin::FieldPanel* Frame1;
+    trelvin::MapPanel* grid;  // the field pictures m(1..) and the grid labels l(1..)
 
-    QGroupBox* Frame2;
-    std::array<QRadioButton*, 3> o;
-
-    QGroupBox* f;
-    QComboBox* cmbHraci;
-    QLabel* lblPocetTahu;
-    QLabel* lblMnozstviNektaru;
-    QLabel* lblVeleni;
-    QLabel* lblVelikostUzemi;
-
-    QGroupBox* Frame1;
-    QLineEdit* txtPolicko;
-    QLabel* lblPTyp;
-    QLabel* lblPVlastnik;
-    QLabel* lblPTypArmady;
-    QLabel* lblPPArmady;
-
-    // The field pictures m(1..) and the grid labels l(1..).
-    trelvin::MapGrid* grid;
-    // The position in the event list and the slide show; tSlide is its timer.
-    trelvin::Playback* playback;
-    QTimer* tSlide;
-
-    // Additions for finding one's way through a long replay: the menu "Prejit", the timeline
-    // strip under the window's controls with the position and the time, and the action list.
+    // Additions for finding one's way through a long replay.
     QMenu* mnuZobrazeni;
-    QAction* zoomIn;
-    QAction* zoomOut;
-    QAction* zoomReset;
-    QAction* zoomFit;
     QMenu* mnuPrejit;
     QAction* jumpToAction;
     QAction* previousAttack;
@@ -122,46 +72,17 @@ public:
     QAction* nextCapture;
     QAction* previousFailure;
     QAction* nextFailure;
-    trelvin::Timeline* timeline;
-    QLabel* timelinePosition;
-    QLabel* timelineTime;
+    trelvin::TimelineStrip* timelineStrip;
     QDockWidget* actionDock;
-    trelvin::ActionList* actionList;
+    trelvin::ActionListPanel* actionList;
 
 public slots:
     void Form_Load();
     void mnuOtevritItem_Click();
     void mnuKonecItem_Click();
     void RefreshAr();
-
-    void Zobraz();
-    void o_Click(int index);
-    void m_Click(int index);
-    void txtPolicko_Change();
-
-    void cmdBegin_Click();
-    void cmdBack_Click();
-    void cmdForw_Click();
-    void cmdEnd_Click();
-    void updateButtons();
-
-    void useTimer(bool forward, std::int16_t interval);
-    void tSlide_Timer();
-    void cmdS_Click();
-    void cmdD_Click();
-    void cmdRD_Click();
-    void cmdZ_Click();
-    void cmdRZ_Click();
-    void cmdSBegin_Click();
-    void cmdSEnd_Click();
-    void ov_Click(int index);
-
     void change_info();
-    void cmbHraci_Click();
-    void cmbHraci_Change();
 
-    // Goes straight to an event; what re-applying the events reports goes to the status line.
-    void jumpTo(int event);
     // Goes to the nearest event of a kind after (or before) the current one.
     void jumpToNearest(trelvin::EventKind kind, bool forward);
     // Asks for an action number and goes there.
@@ -173,17 +94,16 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void buildControls();
-    void buildFindingAids(QWidget* client);
+    void buildPanels(QWidget* client);
+    void buildFindingAids();
     void setTabOrderByLayout();
-    void connectHandlers();
-    void connectKeys();
-    // The button a navigation key presses in the current control mode; none when it has none.
-    QPushButton* buttonForKey(int key) const;
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
+    // What a jump reported goes to the status line.
+    void showJumpStatus(int position, const QStringList& messages);
     // The window's size: the designed client area with the panels around it, grown to show
     // the map at 100 % where the screen has room, never past the screen.
+    void fitActionListBeside();
     void showDesignedClient();
     void growToShowGrid();
     void resizeClient(QSize client);
@@ -191,24 +111,9 @@ private:
     void settleLayout();
     // The map area fills the client area right of the panels and below the view options.
     void placeMapArea();
-    void buildViewMenu();
-    // The refresh after every move: texts, clock and players, then the map.
-    void refreshAfterMove();
-    void showButtonStates();
-    // The label of the progress dialogs: what is worked on, with the file's name.
-    QString taskLabel(const char* task) const;
-    trelvin::ViewMode viewMode() const;
-    // The finding aids follow the position, and a newly opened replay.
-    void followPosition();
-    void showReplayInFindingAids();
-    // The timeline asks once per frame at most: the latest request wins.
-    void requestJump(int event);
 
-    trelvin::WorldState& world_;
     trelvin::WindowServices services_;
     trelvin::MessageReporter reporter_;
-    QString fileName_;
+    trelvin::ReplaySession* session_;
     QWidget* client_ = nullptr;
-    std::unique_ptr<trelvin::ActionLog> log_;
-    int pendingJump_ = 0;
 };

@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QTimer>
 
-#include "model/world_state.h"
 #include "shell/command_line.h"
 #include "shell/frm_main.h"
 #include "shell/message_service.h"
@@ -57,7 +56,6 @@ int run(int argc, char* argv[]) {
     trelvin::InstallQtTranslations(application);
     // Ties the window to the installed desktop entry and its icon.
     QApplication::setDesktopFileName(QStringLiteral("io.github.trelvin.Replay"));
-    trelvin::WorldState world;
     trelvin::MessageBoxService messages;
     trelvin::FileDialogService dialog;
 
@@ -65,7 +63,7 @@ int run(int argc, char* argv[]) {
     if (arguments->file) commandLine = std::make_unique<trelvin::PresetFirstChoice>(*arguments->file, dialog);
     trelvin::OpenFileService& files = commandLine ? *commandLine : dialog;
 
-    frmMain window(world, {messages, files, {}, {}});
+    frmMain window({messages, files, {}, {}});
     messages.setParent(&window);
     dialog.setParent(&window);
     application.setMessages(&messages);

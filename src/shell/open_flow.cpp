@@ -1,5 +1,7 @@
-// Opening a replay, from the menu or by a file dropped on the window, and building the map
-// grid for it.
+// Opening a replay, from the menu or by a file dropped on the window, in the designed order:
+// the old grid goes, the file is chosen, loaded and its first event applied, the new grid is
+// built, the panels are enabled and filled, and the buttons follow the position. A failure the
+// loader and the executor do not report themselves is shown alone, and ends the flow there.
 #include <exception>
 #include <optional>
 
@@ -8,17 +10,15 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTimer>
 #include <QUrl>
 
 #include "bridge/core_text.h"
-#include "bridge/twips.h"
-#include "model/replay_loader.h"
-#include "playback/playback.h"
+#include "panels/description_strip.h"
+#include "panels/field_panel.h"
+#include "panels/map_panel.h"
+#include "panels/player_panel.h"
 #include "shell/frm_main.h"
-#include "shell/slow_task_dialog.h"
-#include "view/map_grid.h"
 
 namespace {
 
@@ -48,33 +48,32 @@ void frmMain::mnuOtevritItem_Click() { runOpenFlow(std::nullopt); }
 
 void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
     // No tick may step a replay whose grid is being replaced.
-    playback->halt();
+    session_->halt();
     try {
         grid->unloadAll();
-        if (auto chosen = dropped ? dropped : services_.files.chooseFile(fileName_))
-            fileName_ = *chosen;
-        {
-            trelvin::SlowTaskDialog progress(this, taskLabel("Nacitani"));
-            const std::unique_ptr<trelvin::ReplaySource> source = services_.openReplay(fileName_);
-            trelvin::LoadReplay(world_, *source, reporter_, &progress);
-        }
-        playback->openAtFirstEvent();
+        const std::optional<QString> chosen = dropped ? dropped : services_.files.chooseFile(session_->fileName());
+        session_->open(chosen.value_or(session_->fileName()));
         RefreshAr();
-        txtPolicko->setEnabled(true);
-        cmbHraci->setEnabled(true);
+        Frame1->txtPolicko->setEnabled(true);
+        f->cmbHraci->setEnabled(true);
         change_info();
-        updateButtons();
-        playback->disableStop();
+        session_->updateButtons();
+        session_->disableStop();
     } catch (const std::exception& failure) {
         services_.messages.showMessage(trelvin::FromCore(failure.what()));
     }
-    showReplayInFindingAids();
 }
 
 void frmMain::RefreshAr() {
     // Every replay's map starts at the same place: the window returns to its designed size
     // first, unless the user made it fill the screen.
     showDesignedClient();
-    grid->build(world_.mapHeight, world_.mapWidth, outerWidthTwips());
+    grid->build(outerWidthTwips());
     growToShowGrid();
+}
+
+void frmMain::change_info() {
+    strip->showTexts();
+    f->refreshList();
+    strip->showClock();
 }

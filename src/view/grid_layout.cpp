@@ -11,9 +11,6 @@ namespace trelvin {
 
 namespace {
 
-// The first row starts 2950 twips down; the column characters fill the band above it.
-constexpr int kFirstRowTop = 2650;
-
 [[noreturn]] void throwMissingField(int k) {
     throw RuleError(RuleError::Kind::OutOfRange,
                     "Prvek m(" + std::to_string(k) + ") pole ovladacich prvku neexistuje");
@@ -51,7 +48,7 @@ void GridLayout::build(int rows, int columns, double windowWidth) {
         for (int j = 1; j <= columns; ++j) {
             checked16(std::int64_t{i - 1} * columns + j);  // the field's index is 16-bit too
             GridField& field = fields_.emplace_back();
-            const std::int16_t top = checked16(std::int64_t{kFieldSize} * i + kFirstRowTop);
+            const std::int16_t top = checked16(std::int64_t{kFieldSize} * i + kColumnLettersTop);
             const std::int16_t columnOffset = checked16(std::int64_t{kFieldSize} * j);
             // The left edge is computed in single precision, as the grid's formula does.
             const float left = static_cast<float>(windowWidth) / 2.0f + columnOffset - 150.0f;

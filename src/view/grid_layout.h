@@ -37,6 +37,9 @@ class GridLayout {
 public:
     // The template m(0): a field is 300 x 300 twips.
     static constexpr int kFieldSize = 300;
+    // The column letters' band starts here, in twips from the window's top; the first row of
+    // fields lies just below it.
+    static constexpr int kColumnLettersTop = 2650;
 
     // Unloads every element; the templates stay.
     void clear();

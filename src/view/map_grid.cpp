@@ -17,6 +17,7 @@
 #include "bridge/core_text.h"
 #include "bridge/twips.h"
 #include "model/field_addressing.h"
+#include "view/field_pictures.h"
 
 namespace trelvin {
 
@@ -24,25 +25,17 @@ namespace {
 
 // The zoom steps, as a field's side in pixels; 20 is 100 %.
 constexpr std::array<int, 17> kSteps{2, 3, 4, 5, 6, 8, 10, 12, 14, 16, 20, 24, 30, 40, 50, 60, 80};
-// The template l(0) writes 12-point text, 16 pixels at the designed density; smaller than
-// this a label is no longer legible and is left out.
-constexpr int kLabelPixels = 16;
-constexpr int kSmallestLegibleLabel = 6;
 
 }  // namespace
 
-MapGrid::MapGrid(WorldState& world, QWidget* parent) : QAbstractScrollArea(parent), world_(world) {
-    images_.resize(picture::kCount + 1);
-    for (int index = 1; index <= picture::kCount; ++index)
-        images_[std::size_t(index)] =
-            QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
+MapGrid::MapGrid(QWidget* parent) : QAbstractScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
     viewport()->setBackgroundRole(QPalette::Window);
 }
 
 void MapGrid::unloadAll() {
     layout_.clear();
-    pictures_.clear();
+    scene_ = {};
     pressedField_ = 0;
     bounds_ = {};
     fieldPixels_ = kFieldPixels;
@@ -55,7 +48,7 @@ void MapGrid::build(int rows, int columns, double windowWidth) {
     struct Refresh {
         MapGrid& grid;
         ~Refresh() {
-            grid.pictures_.resize(grid.layout_.fields().size(), picture::kFreeLand);
+            grid.sceneFromLayout();
             grid.bounds_ = grid.layout_.bounds();
             grid.setAreaOrigin(grid.areaOrigin_);
         }
@@ -63,8 +56,25 @@ void MapGrid::build(int rows, int columns, double windowWidth) {
     layout_.build(rows, columns, windowWidth);
 }
 
-void MapGrid::redraw(ViewMode mode) {
-    pictures_ = RedrawPictures(world_, mode, fieldCount());
+void MapGrid::sceneFromLayout() {
+    // Every field starts with the free-land picture. A field whose place a failure left unset
+    // is not shown, and only a complete grid has its captions.
+    const std::vector<GridField>& fields = layout_.fields();
+    const auto placed = std::find_if(fields.begin(), fields.end(), [](const GridField& f) { return !f.visible; });
+    scene_.columns = layout_.columns();
+    scene_.pictures.assign(std::size_t(placed - fields.begin()), picture::kFreeLand);
+    scene_.columnCaptions.clear();
+    scene_.rowCaptions.clear();
+    const int columns = std::min(layout_.columns(), layout_.labelCount());
+    for (int n = 1; n <= layout_.labelCount(); ++n) {
+        const GridLabel& label = layout_.labels()[std::size_t(n - 1)];
+        if (label.visible) (n <= columns ? scene_.columnCaptions : scene_.rowCaptions).push_back(label.caption);
+    }
+}
+
+void MapGrid::setPictures(std::vector<int> pictures) {
+    pictures.resize(scene_.pictures.size(), picture::kFreeLand);
+    scene_.pictures = std::move(pictures);
     viewport()->update();
 }
 
@@ -116,6 +126,11 @@ void MapGrid::updateScrollBars() {
     verticalScrollBar()->setSingleStep(fieldPixels_);
 }
 
+QPoint MapGrid::gridCorner() const {
+    const int band = scene_.hasCaptions() ? fieldPixels_ : 0;
+    return margin_ + QPoint(band, band);
+}
+
 void MapGrid::setFieldPixels(int pixels, std::optional<QPoint> anchor) {
     pixels = std::clamp(pixels, kSteps.front(), kSteps.back());
     if (pixels == fieldPixels_) return;
@@ -165,86 +180,15 @@ int MapGrid::fieldAt(QPoint viewportPoint) const {
     return layout_.fieldAt(bounds_.left + content.x() * twipsPerPixel, bounds_.top + content.y() * twipsPerPixel);
 }
 
-const std::vector<QPixmap>& MapGrid::scaledPictures() {
-    const qreal ratio = viewport()->devicePixelRatioF();
-    if (scaledFor_ == fieldPixels_ && scaledRatio_ == ratio) return scaled_;
-    // Whole factors and more stay crisp; below 100 % the pictures are smoothed.
-    const Qt::TransformationMode mode =
-        fieldPixels_ < kFieldPixels ? Qt::SmoothTransformation : Qt::FastTransformation;
-    const int side = int(std::lround(fieldPixels_ * ratio));
-    scaled_.assign(images_.size(), QPixmap());
-    for (std::size_t i = 1; i < images_.size(); ++i) {
-        if (images_[i].isNull()) continue;
-        scaled_[i] = images_[i].scaled(side, side, Qt::IgnoreAspectRatio, mode);
-        scaled_[i].setDevicePixelRatio(ratio);
-    }
-    scaledFor_ = fieldPixels_;
-    scaledRatio_ = ratio;
-    return scaled_;
-}
-
 void MapGrid::paintEvent(QPaintEvent* event) {
     if (bounds_.isEmpty()) return;
     QPainter painter(viewport());
     const QPoint offset = scroll();
     painter.translate(-offset);
     const QRect exposed = event->rect().translated(offset);
-    const std::vector<QPixmap>& pictures = scaledPictures();
-
-    // Only the fields in the exposed part: they lie in rows of `columns` from the first one.
-    const std::vector<GridField>& fields = layout_.fields();
-    const int columns = layout_.columns();
-    if (!fields.empty() && columns > 0) {
-        const QRect first = contentRect(fields.front().rect);
-        const int rows = (fieldCount() + columns - 1) / columns;
-        const int size = fieldPixels_;
-        const int c0 = std::clamp((exposed.left() - first.left()) / size - 1, 0, columns - 1);
-        const int c1 = std::clamp((exposed.right() - first.left()) / size + 1, 0, columns - 1);
-        const int r0 = std::clamp((exposed.top() - first.top()) / size - 1, 0, rows - 1);
-        const int r1 = std::clamp((exposed.bottom() - first.top()) / size + 1, 0, rows - 1);
-        for (int r = r0; r <= r1; ++r) {
-            for (int c = c0; c <= c1; ++c) {
-                const int k = r * columns + c + 1;
-                if (k > fieldCount() || !fields[std::size_t(k - 1)].visible) continue;
-                const QRect target(first.left() + c * size, first.top() + r * size, size, size);
-                const int shown = pictures_[std::size_t(k - 1)];
-                if (shown >= 1 && shown <= picture::kCount && !pictures[std::size_t(shown)].isNull())
-                    painter.drawPixmap(target.topLeft(), pictures[std::size_t(shown)]);
-                else
-                    painter.fillRect(target, Qt::darkGray);
-            }
-        }
-    }
-
-    // The letters and numbers stay at the edge of the view while the map scrolls under them.
-    const QRect view(offset, viewport()->size());
-    QFont font(QStringLiteral("MS Sans Serif"));
-    font.setPixelSize(kLabelPixels * fieldPixels_ / kFieldPixels);
-    const bool legible = font.pixelSize() >= kSmallestLegibleLabel;
-    painter.setFont(font);
-    painter.setPen(palette().color(QPalette::WindowText));
-    const QColor band = palette().color(QPalette::Window);
-    const int columnLabels = std::min(columns, layout_.labelCount());
-    for (int n = 1; n <= layout_.labelCount(); ++n) {
-        const GridLabel& label = layout_.labels()[std::size_t(n - 1)];
-        if (!label.visible) continue;
-        QRect target = contentRect(label.rect);
-        if (n <= columnLabels)
-            target.moveTop(std::max(target.top(), view.top()));
-        else
-            target.moveLeft(std::max(target.left(), view.left()));
-        if (!target.intersects(exposed)) continue;
-        painter.fillRect(target, band);
-        if (legible) painter.drawText(target, Qt::AlignCenter, FromCore(label.caption));
-    }
-    // Where the two rows of labels meet when both stick to the edges.
-    if (!layout_.labels().empty() && (view.top() > 0 || view.left() > 0)) {
-        const QRect corner = contentRect(GridRect{bounds_.left, bounds_.top, double(GridLayout::kFieldSize),
-                                                  double(GridLayout::kFieldSize)});
-        painter.fillRect(QRect(QPoint(std::max(corner.left(), view.left()), std::max(corner.top(), view.top())),
-                               corner.size()),
-                         band);
-    }
+    painter_.setFieldPixels(fieldPixels_, viewport()->devicePixelRatioF());
+    painter_.paintFields(painter, scene_, gridCorner(), exposed);
+    painter_.paintCaptions(painter, scene_, gridCorner(), QRect(offset, viewport()->size()), exposed, palette());
 }
 
 void MapGrid::resizeEvent(QResizeEvent* event) {
@@ -259,7 +203,7 @@ bool MapGrid::viewportEvent(QEvent* event) {
     QString name;
     if (k != 0) {
         try {
-            name = FromCore(FieldName(world_, k));
+            name = FromCore(FieldName(layout_.columns(), k));
         } catch (const std::exception&) {
             // A map whose names cannot be made keeps its fields unnamed.
         }

@@ -1,7 +1,7 @@
 #pragma once
 // The map: the field pictures m(1..) and the grid labels l(1..) painted in one scrolling area,
-// so that maps of ten thousand fields open, redraw and scroll at once. It is given the world
-// once and a way of viewing at each redraw, and paints the pictures that redraw chose.
+// so that maps of ten thousand fields open, redraw and scroll at once. It is given the pictures
+// a redraw chose and paints the part in view with the map painter.
 //
 // Positions follow the grid's layout in twips of the window. The area's own top-left corner
 // stands at a place of the window too; at 100 % every element appears exactly where the
@@ -11,11 +11,10 @@
 #include <vector>
 
 #include <QAbstractScrollArea>
-#include <QPixmap>
 
-#include "model/world_state.h"
-#include "view/field_pictures.h"
+#include "bridge/twips.h"
 #include "view/grid_layout.h"
+#include "view/map_painter.h"
 
 namespace trelvin {
 
@@ -23,10 +22,11 @@ class MapGrid : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    // A field's side in logical pixels at 100 %: 300 twips.
-    static constexpr int kFieldPixels = 20;
+    // A field's side in logical pixels at 100 %.
+    static constexpr int kFieldPixels = TwipsToPixels(GridLayout::kFieldSize);
+    static_assert(kFieldPixels == MapPainter::kNaturalFieldPixels);
 
-    explicit MapGrid(WorldState& world, QWidget* parent = nullptr);
+    explicit MapGrid(QWidget* parent = nullptr);
 
     // Unloads m(1) .. and l(1) ..; the templates stay.
     void unloadAll();
@@ -36,14 +36,16 @@ public:
     // elements loaded until then.
     void build(int rows, int columns, double windowWidth);
 
-    // Chooses every field's picture from the world in that way of viewing (which updates the
-    // fields' visibility in the world) and paints them.
-    void redraw(ViewMode mode);
+    // Shows the pictures of fields 1 .. (a redraw chose them for every field loaded).
+    void setPictures(std::vector<int> pictures);
 
     const GridLayout& layout() const { return layout_; }
+    // What the map shows: the pictures and the captions.
+    const MapScene& scene() const { return scene_; }
+    // The highest index of m: the fields loaded, one of them perhaps unplaced after a failure.
     int fieldCount() const { return layout_.fieldCount(); }
-    // Picture of field k (1-based).
-    int fieldPicture(int k) const { return pictures_.at(static_cast<std::size_t>(k - 1)); }
+    // Picture of field k (1-based) of those placed.
+    int fieldPicture(int k) const { return scene_.pictures.at(static_cast<std::size_t>(k - 1)); }
 
     // Where the area's top-left corner stands in the window, in twips.
     void setAreaOrigin(QPoint twips);
@@ -81,16 +83,14 @@ private:
     QRect contentRect(const GridRect& twips) const;
     QPoint scroll() const;
     void updateScrollBars();
-    // The 16 pictures at the current zoom and pixel density.
-    const std::vector<QPixmap>& scaledPictures();
+    // Where field A0 stands, in content pixels.
+    QPoint gridCorner() const;
+    // The scene of a newly built layout: free land everywhere, the captions of a complete grid.
+    void sceneFromLayout();
 
-    WorldState& world_;
     GridLayout layout_;
-    std::vector<int> pictures_;
-    std::vector<QPixmap> images_;  // entry 0 unused
-    std::vector<QPixmap> scaled_;
-    int scaledFor_ = 0;
-    qreal scaledRatio_ = 0;
+    MapScene scene_;
+    MapPainter painter_;
     QPoint areaOrigin_;      // twips
     GridRect bounds_;        // of the shown elements, twips
     QPoint margin_;          // from the area's corner to the grid's, pixels

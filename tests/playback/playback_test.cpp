@@ -3,28 +3,27 @@
 #include <QtTest>
 
 #include "playback/playback.h"
+#include "support/replays.h"
 
 using trelvin::Playback;
+using trelvin::testing::Range;
 
 namespace {
-
-std::vector<int> Range(int first, int last) {
-    std::vector<int> result;
-    for (int i = first; i <= last; ++i) result.push_back(i);
-    return result;
-}
 
 // A list of `count` events; applying one records its index, and event `failing` reports.
 struct Replay {
     explicit Replay(int count, int failing = 0)
         : failing(failing),
-          playback(world, reporter, [this](trelvin::WorldState&, std::int16_t i, trelvin::Reporter& r) {
+          playback(world, reporter, [this](std::int16_t i, trelvin::Reporter& r) {
               applied.push_back(i);
               if (i == this->failing) r.report("failed");
           }) {
         world.events.resize(static_cast<std::size_t>(count) + 1);
         world.eventCount = static_cast<std::int16_t>(count);
-        QObject::connect(&playback, &Playback::moved, [this] { appliedAtMove.push_back(int(applied.size())); });
+        QObject::connect(&playback, &Playback::positionChanged, [this](int position, int count) {
+            appliedAtMove.push_back(int(applied.size()));
+            announced.emplace_back(position, count);
+        });
         playback.openAtFirstEvent();
         playback.updateButtons();
     }
@@ -53,6 +52,7 @@ struct Replay {
     int failing;
     std::vector<int> applied;
     std::vector<int> appliedAtMove;  // events applied when each refresh was announced
+    std::vector<std::pair<int, int>> announced;  // the position and count each refresh told
     Playback playback;
 };
 
@@ -82,6 +82,7 @@ private slots:
             QCOMPARE(r.playback.position(), std::int16_t(c.to));
             QCOMPARE(r.flags(), QString(c.flags));
             QCOMPARE(r.appliedAtMove, std::vector<int>{int(c.applied.size())});
+            QCOMPARE(r.announced.back(), std::pair(c.to, 10));
         }
         Replay single(1);
         QCOMPARE(single.flags(), QString("00011"));
@@ -118,35 +119,35 @@ private slots:
     void theShowStepsAtOnceAndStopsOneTickAfterItsEnd() {
         Replay r(10);
         r.moveTo(9);
-        QCOMPARE(r.applies([&] { r.playback.play(true, 1000); }), std::vector<int>{10});
-        QVERIFY(r.playback.isPlaying() && r.playback.timer()->interval() == 1000);
+        QCOMPARE(r.applies([&] { r.playback.useTimer(true, 1000); }), std::vector<int>{10});
+        QCOMPARE(std::pair(r.playback.isPlaying(), r.playback.interval()), std::pair(true, 1000));
         QCOMPARE(r.flags(), QString("01101"));
-        QVERIFY(r.applies([&] { r.playback.tick(); }).empty());
+        QVERIFY(r.applies([&] { r.playback.tSlide_Timer(); }).empty());
         QVERIFY(!r.playback.isPlaying());
         QCOMPARE(r.flags(), QString("01001"));
 
         r.moveTo(2);
-        QCOMPARE(r.applies([&] { r.playback.play(false, 5000); }), std::vector<int>{1});
-        QVERIFY(!r.playback.slideForward() && r.playback.timer()->interval() == 5000);
-        r.playback.tick();
-        QVERIFY(!r.playback.isPlaying() && !r.playback.stopEnabled());
+        QCOMPARE(r.applies([&] { r.playback.useTimer(false, 5000); }), std::vector<int>{1});
+        QCOMPARE(std::pair(r.playback.slideForward(), r.playback.interval()), std::pair(false, 5000));
+        r.playback.tSlide_Timer();
+        QCOMPARE(std::pair(r.playback.isPlaying(), r.playback.stopEnabled()), std::pair(false, false));
 
         // From the first event the forward show steps at once; a jump to either end keeps it
         // running, and at the end it stops at the next tick.
-        QCOMPARE(r.applies([&] { r.playback.play(true, 5000); }), std::vector<int>{2});
+        QCOMPARE(r.applies([&] { r.playback.useTimer(true, 5000); }), std::vector<int>{2});
         r.playback.first();
         QVERIFY(r.playback.isPlaying());
-        QCOMPARE(r.applies([&] { r.playback.tick(); }), std::vector<int>{2});
+        QCOMPARE(r.applies([&] { r.playback.tSlide_Timer(); }), std::vector<int>{2});
         r.playback.last();
         QVERIFY(r.playback.isPlaying());
-        r.playback.tick();
+        r.playback.tSlide_Timer();
         QVERIFY(!r.playback.isPlaying());
 
         // Halting, as a change of the control mode does, leaves the stop button enabled.
         r.playback.first();
-        r.playback.play(true, 5000);
+        r.playback.useTimer(true, 5000);
         r.playback.halt();
-        QVERIFY(!r.playback.isPlaying() && r.playback.stopEnabled());
+        QCOMPARE(std::pair(r.playback.isPlaying(), r.playback.stopEnabled()), std::pair(false, true));
     }
 
     void noTickInsideAStepAndAtMostOneAfterIt() {
@@ -162,13 +163,13 @@ private slots:
             QTest::qWait(100);
             appliedWhileReporting += r.applied.size() - before;
         };
-        Playback playback(r.world, slow, [&](trelvin::WorldState&, std::int16_t i, trelvin::Reporter& rep) {
+        Playback playback(r.world, slow, [&](std::int16_t i, trelvin::Reporter& rep) {
             r.applied.push_back(i);
             if (i == 3) rep.report("failed");
         });
         r.applied.clear();
         playback.openAtFirstEvent();
-        playback.play(true, 5);
+        playback.useTimer(true, 5);
         QTRY_VERIFY(!playback.isPlaying());
         QCOMPARE(appliedWhileReporting, std::size_t{0});
         QCOMPARE(r.applied, Range(1, 10));

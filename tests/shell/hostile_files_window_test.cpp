@@ -5,6 +5,7 @@
 
 #include <thread>
 
+#include "panels/description_strip.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -79,19 +80,19 @@ private slots:
         for (int i = 0; i < texts.size(); ++i) QVERIFY2(texts[i].startsWith(expected[i]), qPrintable(texts[i]));
 
         t.messages.texts.clear();
-        w.cmdForw_Click();
-        w.cmdEnd_Click();
-        w.cmdBack_Click();
-        w.o_Click(1);
-        w.txtPolicko->setText("A0");
-        if (w.grid->fieldCount() > 0) w.m_Click(w.grid->fieldCount());
+        t.controls.cmdForw_Click();
+        t.controls.cmdEnd_Click();
+        t.controls.cmdBack_Click();
+        w.Frame2->o_Click(1);
+        w.Frame1->txtPolicko->setText("A0");
+        if (w.grid->fieldCount() > 0) w.Frame1->m_Click(w.grid->fieldCount());
         for (const QString& text : texts) QVERIFY2(text.startsWith(kEventFailed), qPrintable(text));
 
         t.messages.texts.clear();
         t.files.answers.push_back(kAlfaPath);
         w.mnuOtevritItem_Click();
         QVERIFY2(texts.isEmpty(), qPrintable(texts.join(" | ")));
-        QCOMPARE(w.lblTah->text(), QString("1 (7)"));
+        QCOMPARE(w.strip->lblTah->text(), QString("1 (7)"));
         QCOMPARE(w.grid->fieldCount(), 6);
     }
 
@@ -136,21 +137,23 @@ private slots:
         cancel.stop();
         QVERIFY(dialogSeen);
         QVERIFY2(t.messages.texts.value(0).endsWith("nacitani bylo preruseno"), qPrintable(t.messages.texts.join(" | ")));
-        QVERIFY(t.world.lastEventIndex() > 1 && t.world.lastEventIndex() < 200);  // no rollback
+        // Nothing rolled back, nothing completed.
+        QVERIFY2(t.world().lastEventIndex() > 1, qPrintable(QString::number(t.world().lastEventIndex())));
+        QVERIFY2(t.world().lastEventIndex() < 200, qPrintable(QString::number(t.world().lastEventIndex())));
 
         t.openReplay = nullptr;
         t.messages.texts.clear();
         t.files.answers.push_back(kAlfaPath);
         t.window->mnuOtevritItem_Click();
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
-        QCOMPARE(t.window->lblTah->text(), QString("1 (7)"));
+        QCOMPARE(t.window->strip->lblTah->text(), QString("1 (7)"));
     }
 
     // Every open rebuilds the same grid and keeps the same number of child objects, which a
     // leak check at exit would not see.
     void hundredAlternatingOpens() {
-        const std::tuple<QString, int, std::int16_t> replays[] = {
-            {kAlfaPath, 3 * 2 + 3 + 2, 7}, {TRELVIN_SAMPLES_DIR "/bitva-u-potoka.trp", 8 * 6 + 8 + 6, 89}};
+        const std::tuple<QString, std::pair<int, int>, std::int16_t> replays[] = {
+            {kAlfaPath, {3 * 2, 3 + 2}, 7}, {TRELVIN_SAMPLES_DIR "/bitva-u-potoka.trp", {8 * 6, 8 + 6}, 89}};
         Window t;
         t.window->show();
         QVERIFY(QTest::qWaitForWindowExposed(t.window.get()));
@@ -160,10 +163,10 @@ private slots:
             t.files.answers.push_back(path);
             t.window->mnuOtevritItem_Click();
             QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
-            QCOMPARE(t.world.eventCount, events);
-            QCOMPARE(t.window->grid->fieldCount() + t.window->grid->layout().labelCount(), fieldsAndLabels);
-            QCOMPARE(t.applies([&] { t.window->cmdEnd_Click(); }), Range(1, events));
-            t.window->cmdBegin_Click();
+            QCOMPARE(t.world().eventCount, events);
+            QCOMPARE(std::pair(t.window->grid->fieldCount(), t.window->grid->layout().labelCount()), fieldsAndLabels);
+            QCOMPARE(t.applies([&] { t.controls.cmdEnd_Click(); }), Range(1, events));
+            t.controls.cmdBegin_Click();
             QCoreApplication::processEvents();
             if (open == 0) children = lasting(*t.window);
             QCOMPARE(lasting(*t.window), children);

@@ -39,7 +39,7 @@ class KeyboardAndDropTest : public QObject {
 private slots:
     void eachKeyPressesTheButtonOfTheModeShown() {
         Window t;
-        frmMain& w = *t.window;
+        trelvin::PlaybackControls& c = t.controls;
         t.activate();
         for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());  // nothing opened yet
         t.open("rada.trp", PlainReplay(10));
@@ -48,15 +48,15 @@ private slots:
                                   {Qt::Key_Home, {1}}, {Qt::Key_Left, {}}, {Qt::Key_Home, {}}};
         for (const KeyPress& step : steps) QCOMPARE(press(t, step.key), step.applied);
 
-        w.ov[1]->click();
+        c.ov[1]->click();
         // Right has no button in the show; Space is "-->", then "II", then a disabled "-->".
         const KeyPress show[] = {{Qt::Key_Right, {}}, {Qt::Key_Home, {}}, {Qt::Key_Space, {2}}, {Qt::Key_Space, {}},
                                  {Qt::Key_End, Range(1, 10)}, {Qt::Key_Space, {}}, {Qt::Key_Home, {1}}};
         for (const KeyPress& step : show) QCOMPARE(press(t, step.key), step.applied);
-        QVERIFY(!w.tSlide->isActive());
+        QVERIFY(!t.window->session().isPlaying());
 
-        w.ov[0]->click();
-        for (QLineEdit* field : {w.txtPolicko, w.cmbHraci->lineEdit()}) {
+        c.ov[0]->click();
+        for (QLineEdit* field : {t.window->Frame1->txtPolicko, t.window->f->cmbHraci->lineEdit()}) {
             field->setFocus();
             field->setText("B1");
             for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());
@@ -67,13 +67,13 @@ private slots:
     void droppedFileRunsTheOpenFlowWithoutTheDialog() {
         Window t;
         frmMain& w = *t.window;
-        const QString alfa = t.write("alfa.trp", kAlfa);
-        t.files.answers.push_back(t.write("jina.trp", PlainReplay(3)));
+        const QString alfa = t.write("alfa.trp", QByteArray::fromStdString(kAlfa));
+        t.files.answers.push_back(t.write("jina.trp", QByteArray::fromStdString(PlainReplay(3))));
         QVERIFY(!drop(w, {QUrl::fromLocalFile(alfa), QUrl::fromLocalFile(alfa)}));
         QVERIFY(!drop(w, {QUrl("https://example.org/alfa.trp")}));
         QVERIFY(drop(w, {QUrl::fromLocalFile(alfa)}));
         QTRY_COMPARE(t.applied, std::vector<int>{1});
-        QCOMPARE(t.world.eventCount, std::int16_t{7});
+        QCOMPARE(t.world().eventCount, std::int16_t{7});
         QCOMPARE(t.files.answers.size(), 1);  // the dialog was never asked
 
         // The dropped path became the current one: a cancelled dialog reopens it.
@@ -86,7 +86,7 @@ private slots:
         Window t;
         t.activate();
         // Column 74 has the code page's character 0x8A, "Š".
-        t.open("siroky.trp", {"0;Siroky;2;74;2;3", "2004-06-19-08-00-00;create_world;" + std::string(148, 'N')});
+        t.open("siroky.trp", BlankWorld(74, 2));
         QTRY_COMPARE(hover(*t.window->grid, 1), QString("A0"));
         QTRY_COMPARE(hover(*t.window->grid, 74 + 3), QString("C1"));
         QTRY_COMPARE(hover(*t.window->grid, 74), QString::fromUtf8("\xc5\xa0" "0"));

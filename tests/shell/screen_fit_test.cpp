@@ -2,15 +2,11 @@
 // outgrows the screen, zoom keeps clicks and names on their fields, and every designed caption
 // fits its box.
 #include "model/field_addressing.h"
+#include "panels/description_strip.h"
 #include "playback/position_texts.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
-
-static std::vector<std::string> BlankWorld(int columns, int rows) {
-    return {"0;Prazdny;2;" + std::to_string(columns) + ";" + std::to_string(rows) + ";3",
-            "2004-06-19-08-00-00;create_world;" + std::string(std::size_t(rows * columns), 'N')};
-}
 
 // Where field k's square lies in the window.
 static QRect FieldInWindow(const frmMain& w, int k) {
@@ -59,18 +55,19 @@ private slots:
         Window t;
         t.activate();
         t.open("mapa.trp", BlankWorld(40, 30));
-        trelvin::MapGrid& grid = *t.window->grid;
+        trelvin::MapPanel& grid = *t.window->grid;
         const auto sizes = [&](QAction* action) {
             action->trigger();
             return grid.fieldPixels();
         };
-        QCOMPARE(sizes(t.window->zoomIn), 24);
-        QCOMPARE(sizes(t.window->zoomIn), 30);
-        QCOMPARE(sizes(t.window->zoomOut), 24);
-        QCOMPARE(sizes(t.window->zoomReset), 20);
-        t.window->zoomFit->trigger();
+        QCOMPARE(sizes(grid.zoomInAction), 24);
+        QCOMPARE(sizes(grid.zoomInAction), 30);
+        QCOMPARE(sizes(grid.zoomOutAction), 24);
+        QCOMPARE(sizes(grid.zoomResetAction), 20);
+        grid.zoomFitAction->trigger();
         QVERIFY(grid.fieldPixels() < 20);
-        QCOMPARE(grid.horizontalScrollBar()->maximum() + grid.verticalScrollBar()->maximum(), 0);
+        QCOMPARE(grid.horizontalScrollBar()->maximum(), 0);
+        QCOMPARE(grid.verticalScrollBar()->maximum(), 0);
 
         for (int pixels : {4, 12, 20, 50}) {
             grid.setFieldPixels(pixels);
@@ -80,8 +77,9 @@ private slots:
                 if (!grid.viewport()->rect().contains(field)) continue;
                 QCOMPARE(grid.fieldAt(field.center()), k);
                 QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, field.center());
-                QCOMPARE(t.window->txtPolicko->text(), QString::fromStdString(trelvin::FieldName(t.world, k)));
-                QTRY_COMPARE(Hover(grid, field.center()), t.window->txtPolicko->text());
+                const QString name = QString::fromStdString(trelvin::FieldName(t.world(), k));
+                QCOMPARE(t.window->Frame1->txtPolicko->text(), name);
+                QTRY_COMPARE(Hover(grid, field.center()), name);
             }
         }
 
@@ -108,18 +106,21 @@ private slots:
         Window t;
         t.window->show();
         frmMain& w = *t.window;
+        trelvin::DescriptionStrip& strip = *w.strip;
+        trelvin::PlayerPanel& players = *w.f;
+        trelvin::FieldPanel& field = *w.Frame1;
         // The longest values the boxes are meant for.
-        w.lblTah->setText("32767 (32767)");
-        w.lbl->setText("Utok z F4 (Jana) na E3 (volne uzemi) s 32767 jednotkami.\nUtok se zdaril prezilo 32767 "
+        strip.lblTah->setText("32767 (32767)");
+        strip.lbl->setText("Utok z F4 (Jana) na E3 (volne uzemi) s 32767 jednotkami.\nUtok se zdaril prezilo 32767 "
                        "jednotek\nDobyto veleni hrace Bartolomej\nAkce stala 32767 tah(u).");
-        w.lblCas->setText(trelvin::GeneralDateText(*trelvin::DateTime::fromParts(2004, 12, 31, 23, 59, 59),
+        strip.lblCas->setText(trelvin::GeneralDateText(*trelvin::DateTime::fromParts(2004, 12, 31, 23, 59, 59),
                                                    QLocale(QLocale::Czech)));
-        for (QLabel* value : {w.lblPocetTahu, w.lblMnozstviNektaru}) value->setText("32767 (+ 255/hod)");
-        w.lblVelikostUzemi->setText("255");
-        w.lblPTyp->setText("Normalni");
-        w.lblPVlastnik->setText("Nedobytne pole");
-        w.lblPTypArmady->setText(QString::fromUtf8("Vosi\u010dka"));
-        w.lblVeleni->setText("Uz nehraje");
+        for (QLabel* value : {players.lblPocetTahu, players.lblMnozstviNektaru}) value->setText("32767 (+ 255/hod)");
+        players.lblVelikostUzemi->setText("255");
+        field.lblPTyp->setText("Normalni");
+        field.lblPVlastnik->setText("Nedobytne pole");
+        field.lblPTypArmady->setText(QString::fromUtf8("Vosi\u010dka"));
+        players.lblVeleni->setText("Uz nehraje");
 
         QStringList cut;
         for (QWidget* widget : w.centralWidget()->findChildren<QWidget*>()) {

@@ -5,8 +5,13 @@
 #include <QtWidgets>
 
 #include "engine/event_executor.h"
+#include "panels/field_panel.h"
+#include "panels/map_panel.h"
+#include "panels/playback_controls.h"
+#include "panels/player_panel.h"
+#include "panels/view_mode_panel.h"
 #include "shell/frm_main.h"
-#include "view/map_grid.h"
+#include "support/replays.h"
 
 namespace trelvin::testing {
 
@@ -30,26 +35,21 @@ struct QueuedFiles : OpenFileService {
 struct Window {
     Window()
         : window(std::make_unique<frmMain>(
-              world, WindowServices{messages, files,
-                                    [this](WorldState& w, std::int16_t i, Reporter& r) {
-                                        applied.push_back(i);
-                                        ExecuteEvent(w, i, r);
-                                    },
-                                    [this](const QString& path) -> std::unique_ptr<ReplaySource> {
-                                        if (openReplay) return openReplay(path);
-                                        return std::make_unique<ReplayFile>(path.toStdString());
-                                    }})) {}
+              WindowServices{messages, files,
+                             [this](WorldState& w, std::int16_t i, Reporter& r) {
+                                 applied.push_back(i);
+                                 ExecuteEvent(w, i, r);
+                             },
+                             [this](const QString& path) -> std::unique_ptr<ReplaySource> {
+                                 if (openReplay) return openReplay(path);
+                                 return std::make_unique<ReplayFile>(path.toStdString());
+                             }})),
+          controls(*window->controls) {}
 
-    // Writes a replay (lines joined by CR LF, bytes as given: Windows-1250) and opens it
-    // through the menu command.
-    void open(const std::string& name, const std::vector<std::string>& lines) {
-        files.answers.push_back(write(name, lines));
+    // Writes a replay (bytes as given: Windows-1250) and opens it through the menu command.
+    void open(const std::string& name, const std::string& bytes) {
+        files.answers.push_back(write(name, QByteArray::fromStdString(bytes)));
         window->mnuOtevritItem_Click();
-    }
-    QString write(const std::string& name, const std::vector<std::string>& lines) {
-        QByteArray bytes;
-        for (const std::string& line : lines) bytes += line + "\r\n";
-        return write(name, bytes);
     }
     QString write(const std::string& name, const QByteArray& bytes) {
         QFile file(directory.filePath(QString::fromStdString(name)));
@@ -57,6 +57,7 @@ struct Window {
         file.write(bytes);
         return file.fileName();
     }
+    const WorldState& world() const { return window->session().world(); }
     // The events `action` applies.
     template <typename Action>
     std::vector<int> applies(Action action) {
@@ -71,46 +72,21 @@ struct Window {
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
     }
 
-    WorldState world;
     ReplayOpener openReplay;  // empty: the file at the path
     RecordingMessages messages;
     QueuedFiles files;
     std::vector<int> applied;
     QTemporaryDir directory;
     std::unique_ptr<frmMain> window;
+    PlaybackControls& controls;
 };
 
 // '1' for each enabled button: the five forward ones, then the five backward ones.
-inline QString EnabledButtons(const frmMain& w) {
+inline QString EnabledButtons(const PlaybackControls& c) {
     QString result;
-    for (QPushButton* b : {w.cmdForw, w.cmdEnd, w.cmdSEnd, w.cmdD, w.cmdRD, w.cmdBack, w.cmdBegin, w.cmdSBegin, w.cmdZ, w.cmdRZ})
+    for (QPushButton* b : {c.cmdForw, c.cmdEnd, c.cmdSEnd, c.cmdD, c.cmdRD, c.cmdBack, c.cmdBegin, c.cmdSBegin, c.cmdZ, c.cmdRZ})
         result += b->isEnabled() ? '1' : '0';
     return result;
-}
-
-inline std::vector<int> Range(int first, int last) {
-    std::vector<int> result;
-    for (int i = first; i <= last; ++i) result.push_back(i);
-    return result;
-}
-
-// The world Alfa: 3 columns, 2 rows, two players; 7 events with the inserted start and end.
-inline const std::vector<std::string> kAlfa{
-    "0;Alfa;2;3;2;3",
-    "2004-06-19-08-00-00;create_world;NNBSXN",
-    "2004-06-19-08-10-00;create_hq;Karel;les;A0",
-    "2004-06-19-08-20-30;create_hq;Jana;louka;C1",
-    "2004-06-19-09-05-00;buy;A0;Vosi\xe8ka;4",
-    "2004-06-19-09-40-00;attack;A0;B0;4;1;3",
-};
-
-// `count` events: the world, then lines without a rule, all within one hour.
-inline std::vector<std::string> PlainReplay(int count) {
-    std::vector<std::string> lines{"0;Rada;9;3;2;3", "2004-06-19-08-00-00;create_world;NNNNNN"};
-    for (int i = 2; i <= count; ++i)
-        lines.push_back("2004-06-19-08-" + std::string(i < 10 ? "0" : "") + std::to_string(i) +
-                        "-00;fly");
-    return lines;
 }
 
 }  // namespace trelvin::testing

@@ -11,19 +11,11 @@
 #include "engine/event_executor.h"
 #include "model/field_addressing.h"
 #include "model/replay_loader.h"
+#include "support/replays.h"
 
 namespace trelvin::testing {
 
 inline constexpr const char* kLoadFailure = "Chyba pri nacitani replaye - ";
-
-// The smallest complete replay: a 3 x 2 world, two players, a purchase and an attack.
-inline const std::string kAlfa =
-    "0;Alfa;2;3;2;3\r\n"
-    "2004-06-19-08-00-00;create_world;NNBSXN\r\n"
-    "2004-06-19-08-10-00;create_hq;Karel;les;A0\r\n"
-    "2004-06-19-08-20-30;create_hq;Jana;louka;C1\r\n"
-    "2004-06-19-09-05-00;buy;A0;Vosi\xE8ka;4\r\n"
-    "2004-06-19-09-40-00;attack;A0;B0;4;1;3\r\n";
 
 inline WorldState MakeWorld(int width, int height, const std::string& terrain) {
     WorldState w;

@@ -3,18 +3,16 @@
 // its designed size for a smaller one.
 #include <algorithm>
 
-#include <QAction>
 #include <QDockWidget>
 #include <QEvent>
-#include <QKeySequence>
 #include <QLayout>
-#include <QMenuBar>
 #include <QScreen>
 
 #include "bridge/twips.h"
 #include "shell/designed_layout.h"
 #include "shell/frm_main.h"
-#include "view/map_grid.h"
+#include "panels/action_list_panel.h"
+#include "panels/map_panel.h"
 
 namespace {
 
@@ -23,7 +21,13 @@ using trelvin::TwipsToPixels;
 // The map area: right of the panels (they end at 3015) and below the view options, where the
 // column letters begin.
 constexpr int kMapAreaLeft = 3090;
-constexpr int kMapAreaTop = 2650;
+constexpr int kMapAreaTop = trelvin::GridLayout::kColumnLettersTop;
+// Room for the action list's number, time, keyword and a good part of the description; a
+// screen without room for the smallest useful list starts with it hidden.
+constexpr int kActionListWidth = 480;
+constexpr int kSmallestActionList = 240;
+// What a window manager's borders may take of the screen's width.
+constexpr int kFrameAllowance = 16;
 // Room left beyond the map's last field when the window grows to show it.
 constexpr int kMapMargin = 8;
 
@@ -36,22 +40,6 @@ QSize designedClient() {
 }
 
 }  // namespace
-
-void frmMain::buildViewMenu() {
-    mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
-    zoomIn = mnuZobrazeni->addAction(QStringLiteral("Pri&blizit mapu"));
-    zoomIn->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    zoomOut = mnuZobrazeni->addAction(QStringLiteral("&Oddalit mapu"));
-    zoomOut->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
-    zoomReset = mnuZobrazeni->addAction(QStringLiteral("&Skutecna velikost (100 %)"));
-    zoomReset->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
-    zoomFit = mnuZobrazeni->addAction(QStringLiteral("&Cela mapa"));
-    zoomFit->setShortcut(QKeySequence(Qt::Key_F));
-    connect(zoomIn, &QAction::triggered, grid, [this] { grid->zoomIn(); });
-    connect(zoomOut, &QAction::triggered, grid, [this] { grid->zoomOut(); });
-    connect(zoomReset, &QAction::triggered, grid, [this] { grid->setFieldPixels(trelvin::MapGrid::kFieldPixels); });
-    connect(zoomFit, &QAction::triggered, grid, &trelvin::MapGrid::zoomToFit);
-}
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (watched == client_ && event->type() == QEvent::Resize) placeMapArea();
@@ -97,6 +85,22 @@ void frmMain::resizeClient(QSize client) {
     placeMapArea();
 }
 
+void frmMain::fitActionListBeside() {
+    // The designed area keeps its size; the panels beside and below it add to the window.
+    client_->setMinimumSize(designedClient());
+    // The action list stands beside the designed area where the screen has room for it; on a
+    // narrow screen it starts hidden, and the menu shows it.
+    const int room = (screen() ? screen()->availableGeometry().width() : 1024) -
+                     TwipsToPixels(trelvin::kDesignedClientWidth) - kFrameAllowance;
+    if (room < kSmallestActionList) {
+        actionDock->hide();
+    } else {
+        actionList->setPreferredWidth(std::min(kActionListWidth, room));
+        resize(TwipsToPixels(trelvin::kDesignedClientWidth) + actionDock->sizeHint().width(), height());
+    }
+    resizeClient(QSize(TwipsToPixels(trelvin::kDesignedClientWidth), TwipsToPixels(trelvin::kDesignedClientHeight)));
+}
+
 void frmMain::showDesignedClient() {
     if (!isMaximized() && !isFullScreen()) resizeClient(designedClient());
     settleLayout();
@@ -110,4 +114,8 @@ void frmMain::growToShowGrid() {
     const QPoint corner(TwipsToPixels(kMapAreaLeft), TwipsToPixels(kMapAreaTop));
     resizeClient(designedClient().expandedTo(QSize(corner.x() + content.width() + kMapMargin,
                                                    corner.y() + content.height() + kMapMargin)));
+}
+
+int frmMain::outerWidthTwips() const {
+    return trelvin::PixelsToTwips(frameGeometry().width() - (width() - client_->width()));
 }

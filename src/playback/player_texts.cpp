@@ -1,4 +1,4 @@
-#include "playback/player_panel.h"
+#include "playback/player_texts.h"
 
 #include "bridge/core_text.h"
 

@@ -1,0 +1,16 @@
+#include "panels/action_list_panel.h"
+
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : ActionList(parent) {
+    connect(&session, &ReplaySession::opened, this, [this, &session] {
+        showReplay(&session.history().log);
+        setPosition(session.position());
+    });
+    connect(&session, &ReplaySession::positionChanged, this, &ActionList::setPosition);
+    connect(this, &ActionList::eventChosen, &session, &ReplaySession::jumpTo);
+}
+
+}  // namespace trelvin

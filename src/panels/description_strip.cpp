@@ -1,0 +1,76 @@
+#include "panels/description_strip.h"
+
+#include <QLabel>
+#include <QTime>
+
+#include "bridge/twips.h"
+#include "model/checked_math.h"
+#include "playback/clock_face.h"
+#include "playback/position_texts.h"
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+namespace {
+
+// The label at a place of the designed area.
+QLabel* makeLabel(QWidget* strip, const char* caption, int left, int top, int width, int height) {
+    auto* label = new QLabel(QString::fromLatin1(caption), strip);
+    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    PlaceByTwips(label, left - DescriptionStrip::kLeft, top - DescriptionStrip::kTop, width, height);
+    return label;
+}
+
+// A label that cannot show its whole text shows it as a tooltip.
+void showWholeTextWhenCut(QLabel* label) {
+    const QRect room = label->contentsRect();
+    const int flags = int(label->alignment()) | (label->wordWrap() ? int(Qt::TextWordWrap) : 0);
+    const QRect needed = label->fontMetrics().boundingRect(room, flags, label->text());
+    const bool cut = needed.height() > room.height() || needed.width() > room.width();
+    label->setToolTip(cut ? label->text() : QString());
+}
+
+}  // namespace
+
+DescriptionStrip::DescriptionStrip(const ReplaySession& session, QWidget* parent)
+    : QWidget(parent), session_(session) {
+    static_assert(kLeft % kTwipsPerPixel == 0 && kTop % kTwipsPerPixel == 0, "children keep their designed pixels");
+    PlaceByTwips(this, kLeft, kTop, 6375, 1455);
+    lblTah = makeLabel(this, "0", 2760, 600, 975, 255);
+    pHod = new ClockFace(this);
+    PlaceByTwips(pHod, 120 - kLeft, 960 - kTop, ClockFace::kSizeTwips, ClockFace::kSizeTwips);
+    lblCas = makeLabel(this, "", 1200, 840, 5295, 375);
+    lblCas->setObjectName(QStringLiteral("lblCas"));
+    lbl = makeLabel(this, "", 1200, 1200, 5295, 855);
+    lbl->setWordWrap(true);
+
+    connect(&session, &ReplaySession::positionChanged, this, [this] {
+        showTexts();
+        try {
+            showClock();
+        } catch (const std::exception&) {
+            // After a failed load the current event may not exist: the clock shows no hands.
+        }
+    });
+}
+
+void DescriptionStrip::showTexts() {
+    const WorldState& world = session_.world();
+    lbl->setText(ActionDescription(world));
+    showWholeTextWhenCut(lbl);
+    lblTah->setText(PositionText(static_cast<std::int16_t>(session_.position()), world.eventCount));
+    lblCas->setText(GeneralDateText(world.currentTime));
+}
+
+void DescriptionStrip::showClock() {
+    pHod->setTime(std::nullopt);
+    const WorldState& world = session_.world();
+    const int index = session_.position();
+    if (index < 1 || index > world.lastEventIndex())
+        throw RuleError(RuleError::Kind::OutOfRange,
+                        "Index mimo rozsah: udalost " + std::to_string(index) + " neexistuje");
+    const DateTime& time = world.events[static_cast<std::size_t>(index)].time;
+    pHod->setTime(QTime(time.hour(), time.minute(), time.second()));
+}
+
+}  // namespace trelvin

@@ -1,0 +1,67 @@
+#include "panels/field_panel.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include "bridge/core_text.h"
+#include "bridge/twips.h"
+#include "model/field_addressing.h"
+#include "session/replay_session.h"
+#include "view/field_details.h"
+
+namespace trelvin {
+
+namespace {
+
+QLabel* makeLabel(QWidget* frame, const char* caption, Qt::Alignment alignment, int left, int top, int width) {
+    auto* label = new QLabel(QString::fromLatin1(caption), frame);
+    label->setAlignment(alignment | Qt::AlignTop);
+    PlaceByTwips(label, left, top, width, 255);
+    return label;
+}
+
+}  // namespace
+
+FieldPanel::FieldPanel(const ReplaySession& session, QWidget* parent)
+    : QGroupBox(QStringLiteral("Info o policku"), parent), session_(session) {
+    PlaceByTwips(this, 120, 4320, 2895, 1575);
+    makeLabel(this, "Policko", Qt::AlignLeft, 120, 240, 1215);
+    txtPolicko = new QLineEdit(this);
+    txtPolicko->setAlignment(Qt::AlignHCenter);
+    txtPolicko->setMaxLength(3);
+    txtPolicko->setEnabled(false);
+    txtPolicko->setAcceptDrops(false);
+    PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
+    makeLabel(this, "Typ", Qt::AlignLeft, 120, 480, 1215);
+    lblPTyp = makeLabel(this, "", Qt::AlignRight, 1560, 480, 1215);
+    makeLabel(this, "Vlastnik", Qt::AlignLeft, 120, 720, 1335);
+    lblPVlastnik = makeLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    makeLabel(this, "Typ armady", Qt::AlignLeft, 120, 960, 1335);
+    lblPTypArmady = makeLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    makeLabel(this, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335);
+    lblPPArmady = makeLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+    connect(txtPolicko, &QLineEdit::textChanged, this, &FieldPanel::txtPolicko_Change);
+}
+
+void FieldPanel::m_Click(int index) {
+    const QString name = FromCore(FieldName(session_.world(), index));
+    // A click on the field already named still refreshes the panel.
+    if (txtPolicko->text() == name)
+        txtPolicko_Change();
+    else
+        txtPolicko->setText(name);
+}
+
+void FieldPanel::txtPolicko_Change() {
+    const WorldState& world = session_.world();
+    const std::string name = ToCore(txtPolicko->text());
+    if (!IsValidFieldName(world, name)) return;
+    const auto labels = InspectField(world, name, session_.viewMode());
+    if (!labels) return;
+    lblPVlastnik->setText(FromCore(labels->owner));
+    lblPTyp->setText(FromCore(labels->terrain));
+    lblPTypArmady->setText(FromCore(labels->armyType));
+    lblPPArmady->setText(FromCore(labels->armyCount));
+}
+
+}  // namespace trelvin

@@ -1,0 +1,39 @@
+#include "panels/map_panel.h"
+
+#include <QAction>
+#include <QKeySequence>
+
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+MapPanel::MapPanel(ReplaySession& session, QWidget* parent)
+    : MapGrid(parent),
+      zoomInAction(new QAction(QStringLiteral("Pri&blizit mapu"), this)),
+      zoomOutAction(new QAction(QStringLiteral("&Oddalit mapu"), this)),
+      zoomResetAction(new QAction(QStringLiteral("&Skutecna velikost (100 %)"), this)),
+      zoomFitAction(new QAction(QStringLiteral("&Cela mapa"), this)),
+      session_(session) {
+    zoomInAction->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    zoomOutAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
+    zoomResetAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    zoomFitAction->setShortcut(QKeySequence(Qt::Key_F));
+    connect(zoomInAction, &QAction::triggered, this, [this] { zoomIn(); });
+    connect(zoomOutAction, &QAction::triggered, this, [this] { zoomOut(); });
+    connect(zoomResetAction, &QAction::triggered, this, [this] { setFieldPixels(kFieldPixels); });
+    connect(zoomFitAction, &QAction::triggered, this, &MapGrid::zoomToFit);
+    connect(&session, &ReplaySession::positionChanged, this, &MapPanel::Zobraz);
+    connect(&session, &ReplaySession::viewModeChanged, this, &MapPanel::Zobraz);
+}
+
+void MapPanel::build(double windowWidth) {
+    const WorldState& world = session_.world();
+    MapGrid::build(world.mapHeight, world.mapWidth, windowWidth);
+}
+
+void MapPanel::Zobraz() {
+    session_.revealForView(fieldCount());
+    setPictures(ChoosePictures(session_.world(), session_.viewMode(), fieldCount()));
+}
+
+}  // namespace trelvin

@@ -1,0 +1,35 @@
+#pragma once
+// The map of the opened replay: the grid built when a replay is opened and redrawn, in the way
+// of viewing chosen, after every move and every change of that way; and its zoom commands.
+#include "view/map_grid.h"
+
+class QAction;
+
+namespace trelvin {
+
+class ReplaySession;
+
+class MapPanel : public MapGrid {
+    Q_OBJECT
+
+public:
+    MapPanel(ReplaySession& session, QWidget* parent);
+
+    // Builds the grid for the opened replay's map with the window's outer width in twips;
+    // throws at the grid's limits, keeping the elements loaded until then.
+    void build(double windowWidth);
+
+    QAction* const zoomInAction;
+    QAction* const zoomOutAction;
+    QAction* const zoomResetAction;
+    QAction* const zoomFitAction;
+
+public slots:
+    // The redraw: what it writes into the world, then every field's picture.
+    void Zobraz();
+
+private:
+    ReplaySession& session_;
+};
+
+}  // namespace trelvin

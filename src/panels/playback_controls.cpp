@@ -1,0 +1,144 @@
+#include "panels/playback_controls.h"
+
+#include <initializer_list>
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
+
+#include "bridge/twips.h"
+#include "panels/playback_commands.h"
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+namespace {
+
+// The designed top of the slide-show row, below the window's panels; start-up moves it up.
+constexpr int kSlideRowTop = 6000;
+constexpr int kButtonHeight = 375;
+
+QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width) {
+    auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    PlaceByTwips(button, left, top, width, kButtonHeight);
+    button->setEnabled(false);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QRadioButton* makeOption(QWidget* parent, const char* caption, int left) {
+    auto* option = new QRadioButton(QString::fromLatin1(caption), parent);
+    PlaceByTwips(option, left, 120, 2895, 255);
+    return option;
+}
+
+}  // namespace
+
+PlaybackControls::PlaybackControls(ReplaySession& session, PlaybackCommands& commands, QWidget* parent)
+    : QWidget(parent), session_(session), commands_(commands) {
+    // From the window's corner to the end of the second option, down to the step row's lower edge.
+    PlaceByTwips(this, 0, 0, 6135, 480 + kButtonHeight);
+    ov[0] = makeOption(this, "Ovladat po tazich", 240);
+    ov[1] = makeOption(this, "Slide-show", 3240);
+    ov[0]->setChecked(true);
+    // The two options exclude only each other, not the view options elsewhere in the window.
+    auto* modes = new QButtonGroup(this);
+    for (int index = 0; index < 2; ++index) {
+        modes->addButton(ov[index]);
+        connect(ov[index], &QRadioButton::clicked, this, [this, index] { ov_Click(index); });
+    }
+
+    cmdBegin = makeButton(this, "|<--", 720, 480, 735);
+    cmdBack = makeButton(this, "<----", 1440, 480, 1215);
+    cmdForw = makeButton(this, "---->", 3840, 480, 1215);
+    cmdEnd = makeButton(this, "-->|", 5040, 480, 735);
+
+    cmdSBegin = makeButton(this, "|<--", 600, kSlideRowTop, 495);
+    cmdRZ = makeButton(this, "<----", 1200, kSlideRowTop, 855);
+    cmdZ = makeButton(this, "<--", 2040, kSlideRowTop, 855);
+    cmdS = makeButton(this, "II", 2880, kSlideRowTop, 855);
+    cmdD = makeButton(this, "-->", 3720, kSlideRowTop, 855);
+    cmdRD = makeButton(this, "---->", 4560, kSlideRowTop, 855);
+    cmdSEnd = makeButton(this, "-->|", 5520, kSlideRowTop, 495);
+    for (QPushButton* button : {cmdSBegin, cmdRZ, cmdZ, cmdS, cmdD, cmdRD, cmdSEnd}) button->setVisible(false);
+
+    bind(cmdBegin, commands_.first, &PlaybackControls::cmdBegin_Click);
+    bind(cmdBack, commands_.back, &PlaybackControls::cmdBack_Click);
+    bind(cmdForw, commands_.forward, &PlaybackControls::cmdForw_Click);
+    bind(cmdEnd, commands_.last, &PlaybackControls::cmdEnd_Click);
+    bind(cmdSBegin, commands_.first, &PlaybackControls::cmdSBegin_Click);
+    bind(cmdRZ, commands_.playBackFast, &PlaybackControls::cmdRZ_Click);
+    bind(cmdZ, commands_.playBackSlow, &PlaybackControls::cmdZ_Click);
+    bind(cmdS, commands_.stop, &PlaybackControls::cmdS_Click);
+    bind(cmdD, commands_.playForwardSlow, &PlaybackControls::cmdD_Click);
+    bind(cmdRD, commands_.playForwardFast, &PlaybackControls::cmdRD_Click);
+    bind(cmdSEnd, commands_.last, &PlaybackControls::cmdSEnd_Click);
+}
+
+void PlaybackControls::bind(QPushButton* button, QAction* command, void (PlaybackControls::*handler)()) {
+    connect(button, &QPushButton::clicked, this, handler);
+    connect(command, &QAction::changed, button, [button, command] { button->setEnabled(command->isEnabled()); });
+}
+
+void PlaybackControls::cmdBegin_Click() { commands_.first->trigger(); }
+void PlaybackControls::cmdBack_Click() { commands_.back->trigger(); }
+void PlaybackControls::cmdForw_Click() { commands_.forward->trigger(); }
+void PlaybackControls::cmdEnd_Click() { commands_.last->trigger(); }
+void PlaybackControls::cmdSBegin_Click() { cmdBegin_Click(); }
+void PlaybackControls::cmdRZ_Click() { commands_.playBackFast->trigger(); }
+void PlaybackControls::cmdZ_Click() { commands_.playBackSlow->trigger(); }
+void PlaybackControls::cmdS_Click() { commands_.stop->trigger(); }
+void PlaybackControls::cmdD_Click() { commands_.playForwardSlow->trigger(); }
+void PlaybackControls::cmdRD_Click() { commands_.playForwardFast->trigger(); }
+void PlaybackControls::cmdSEnd_Click() { cmdEnd_Click(); }
+
+bool PlaybackControls::stepMode() const { return ov[0]->isChecked(); }
+
+void PlaybackControls::ov_Click(int) {
+    session_.halt();
+    const bool steps = stepMode();
+    for (QPushButton* button : {cmdBack, cmdForw, cmdBegin, cmdEnd}) button->setVisible(steps);
+    for (QPushButton* button : {cmdSBegin, cmdRD, cmdD, cmdS, cmdZ, cmdRZ, cmdSEnd}) button->setVisible(!steps);
+}
+
+void PlaybackControls::moveSlideRowOntoStepRow() {
+    const int rowTop = cmdForw->y();
+    for (QPushButton* button : {cmdSBegin, cmdZ, cmdRZ, cmdS, cmdD, cmdRD, cmdSEnd}) button->move(button->x(), rowTop);
+}
+
+QPushButton* PlaybackControls::buttonForKey(int key) const {
+    const bool steps = stepMode();
+    switch (key) {
+        case Qt::Key_Left: return steps ? cmdBack : nullptr;
+        case Qt::Key_Right: return steps ? cmdForw : nullptr;
+        case Qt::Key_Home: return steps ? cmdBegin : cmdSBegin;
+        case Qt::Key_End: return steps ? cmdEnd : cmdSEnd;
+        case Qt::Key_Space:
+            if (steps) return nullptr;
+            return session_.isPlaying() ? cmdS : cmdD;
+        default: return nullptr;
+    }
+}
+
+void PlaybackControls::installKeys(QWidget* window) {
+    // Window shortcuts yield to a focused text field, which claims its editing keys first.
+    std::vector<std::pair<int, QShortcut*>> keys;
+    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_Space}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), window);
+        // A click does nothing on a disabled button, as with the mouse.
+        connect(shortcut, &QShortcut::activated, this, [this, key] {
+            if (QPushButton* button = buttonForKey(key)) button->click();
+        });
+        keys.emplace_back(key, shortcut);
+    }
+    // A key without a button in the current mode stays with the focused control.
+    const auto followMode = [this, keys] {
+        for (const auto& [key, shortcut] : keys) shortcut->setEnabled(buttonForKey(key) != nullptr);
+    };
+    connect(ov[0], &QRadioButton::toggled, this, followMode);
+    followMode();
+}
+
+}  // namespace trelvin

@@ -1,0 +1,89 @@
+#include "panels/player_panel.h"
+
+#include <algorithm>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QStyle>
+
+#include "bridge/twips.h"
+#include "playback/player_texts.h"
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+namespace {
+
+QLabel* makeLabel(QWidget* frame, const char* caption, Qt::Alignment alignment, int left, int top, int width) {
+    auto* label = new QLabel(QString::fromLatin1(caption), frame);
+    label->setAlignment(alignment | Qt::AlignTop);
+    PlaceByTwips(label, left, top, width, 255);
+    return label;
+}
+
+// The drop-down as wide as its longest entry; the box itself keeps its designed size.
+void widenDropDown(QComboBox* box) {
+    int widest = 0;
+    for (int i = 0; i < box->count(); ++i) widest = std::max(widest, box->fontMetrics().horizontalAdvance(box->itemText(i)));
+    box->view()->setMinimumWidth(widest + 2 * box->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+}
+
+}  // namespace
+
+PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
+    : QGroupBox(QStringLiteral("Hraci"), parent), session_(session) {
+    PlaceByTwips(this, 120, 2640, 2895, 1575);
+    makeLabel(this, "Hrac", Qt::AlignLeft, 120, 240, 975);
+    cmbHraci = new QComboBox(this);
+    cmbHraci->setEditable(true);
+    cmbHraci->setInsertPolicy(QComboBox::NoInsert);
+    cmbHraci->setEditText(QStringLiteral("Zvolte hrace"));
+    cmbHraci->setEnabled(false);
+    // A file dropped anywhere opens it, the text field included.
+    cmbHraci->lineEdit()->setAcceptDrops(false);
+    PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
+    makeLabel(this, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095);
+    lblPocetTahu = makeLabel(this, "", Qt::AlignRight, 1440, 480, 1335);
+    makeLabel(this, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215);
+    lblMnozstviNektaru = makeLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    makeLabel(this, "Veleni", Qt::AlignLeft, 120, 960, 1335);
+    lblVeleni = makeLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    makeLabel(this, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215);
+    lblVelikostUzemi = makeLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+
+    connect(cmbHraci, &QComboBox::activated, this, &PlayerPanel::cmbHraci_Click);
+    // The box is narrow for long names: its tooltip tells the whole entry.
+    connect(cmbHraci, &QComboBox::currentTextChanged, cmbHraci, &QComboBox::setToolTip);
+    connect(cmbHraci->lineEdit(), &QLineEdit::textEdited, this, &PlayerPanel::cmbHraci_Change);
+    connect(&session, &ReplaySession::positionChanged, this, &PlayerPanel::refreshList);
+}
+
+void PlayerPanel::refreshList() {
+    {
+        // The list is rebuilt by the program: no handler may run until it is complete.
+        const QSignalBlocker quiet(cmbHraci);
+        const int remembered = cmbHraci->currentIndex();
+        cmbHraci->clear();
+        cmbHraci->addItems(PlayerListEntries(session_.world()));
+        cmbHraci->setCurrentIndex(remembered < cmbHraci->count() ? remembered : -1);
+        widenDropDown(cmbHraci);
+    }
+    cmbHraci_Change();
+}
+
+void PlayerPanel::cmbHraci_Click() {
+    const int selected = cmbHraci->currentIndex();
+    if (selected == -1) return;
+    const PlayerPanelTexts texts = PlayerPanelFor(session_.world(), selected + 1);
+    lblMnozstviNektaru->setText(texts.nectar);
+    lblPocetTahu->setText(texts.moves);
+    lblVeleni->setText(texts.headquarters);
+    lblVelikostUzemi->setText(texts.territory);
+}
+
+void PlayerPanel::cmbHraci_Change() { cmbHraci_Click(); }
+
+}  // namespace trelvin

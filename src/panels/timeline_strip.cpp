@@ -1,0 +1,57 @@
+#include "panels/timeline_strip.h"
+
+#include <utility>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QTimer>
+
+#include "playback/position_texts.h"
+#include "playback/timeline.h"
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+TimelineStrip::TimelineStrip(ReplaySession& session, QWidget* parent) : QWidget(parent), session_(session) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(6, 2, 6, 2);
+    timeline = new Timeline(this);
+    lblPosition = new QLabel(QStringLiteral("0"), this);
+    lblTime = new QLabel(this);
+    // Wide enough for the largest position and count, and for a long date and time.
+    lblPosition->setMinimumWidth(lblPosition->fontMetrics().horizontalAdvance(QStringLiteral("32767 (32767)")) + 8);
+    lblPosition->setAlignment(Qt::AlignCenter);
+    lblTime->setMinimumWidth(lblTime->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00:00")) + 8);
+    row->addWidget(timeline, 1);
+    row->addWidget(lblPosition);
+    row->addWidget(lblTime);
+
+    connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
+        timeline->showReplay(session_.history().log, eventCount);
+        followPosition();
+    });
+    connect(&session, &ReplaySession::positionChanged, this, &TimelineStrip::followPosition);
+    connect(timeline, &Timeline::positionRequested, this, &TimelineStrip::requestJump);
+}
+
+void TimelineStrip::followPosition() {
+    const WorldState& world = session_.world();
+    const int position = session_.position();
+    timeline->setPosition(position);
+    lblPosition->setText(PositionText(static_cast<std::int16_t>(position), world.eventCount));
+    lblTime->setText(position >= 1 && position <= world.lastEventIndex()
+                         ? GeneralDateText(world.events[std::size_t(position)].time)
+                         : QString());
+}
+
+void TimelineStrip::requestJump(int event) {
+    const bool scheduled = pendingJump_ != 0;
+    pendingJump_ = event;
+    if (scheduled) return;
+    QTimer::singleShot(0, this, [this] {
+        const int wanted = std::exchange(pendingJump_, 0);
+        if (wanted != session_.position()) session_.jumpTo(wanted);
+    });
+}
+
+}  // namespace trelvin

@@ -1,0 +1,121 @@
+#pragma once
+// One opened replay and everything the window shows of it: the world, the file's name, the
+// history of its events from the pass made at opening, the position and the slide show, and
+// the way of viewing. The session owns them; every view gets a const world and follows the
+// session's signals, which carry the values that changed.
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include "history/replay_history.h"
+#include "model/replay_source.h"
+#include "model/reporter.h"
+#include "model/task_progress.h"
+#include "model/world_state.h"
+#include "view/field_pictures.h"
+
+namespace trelvin {
+
+class Playback;
+
+// Applies one event of the list: the executor in the program, a recording one in tests.
+using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
+// Where the bytes of the replay at a chosen path come from: the file in the program.
+using ReplayOpener = std::function<std::unique_ptr<ReplaySource>(const QString& path)>;
+// Shows the progress of a task that turns out to be long, under the given label.
+using ProgressShower = std::function<std::unique_ptr<TaskProgress>(const QString& label)>;
+
+struct SessionServices {
+    Reporter& reporter;        // the message boxes of the loader, the executor and the steps
+    ApplyEvent applyEvent;     // empty: the executor
+    ReplayOpener openReplay;   // empty: the file at the path
+    ProgressShower progress;   // empty: none shown
+};
+
+// What a load came to: nothing, or the text of the failure it reported.
+struct LoadResult {
+    QString failure;
+    bool succeeded() const { return failure.isEmpty(); }
+};
+
+class ReplaySession : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ReplaySession(SessionServices services, QObject* parent = nullptr);
+    ~ReplaySession() override;
+
+    const WorldState& world() const { return world_; }
+    const ReplayHistory& history() const { return history_; }
+    // The path opened last, kept when a later choice is cancelled; empty before the first.
+    const QString& fileName() const { return fileName_; }
+
+    int position() const;
+    int eventCount() const { return world_.eventCount; }
+    bool atBegin() const;
+    bool atEnd() const;
+    bool slideForward() const;
+    bool isPlaying() const;
+    // Milliseconds between the steps of the show as last started.
+    int playInterval() const;
+    bool backwardEnabled() const;
+    bool forwardEnabled() const;
+    bool stopEnabled() const;
+
+    // Stops the show, loads the replay at `path` (the loader reports its own failure and keeps
+    // what it read), applies event 1 at position 1 and makes the pass over the events. The rest
+    // of opening (the grid, the panels, the buttons) is the window's, in its own order.
+    LoadResult open(const QString& path);
+
+    // The way of viewing the map; changing it redraws the map.
+    ViewMode viewMode() const { return viewMode_; }
+    void setViewMode(ViewMode mode);
+    // What a redraw of the first `fieldCount` fields writes into the world in the way of viewing.
+    void revealForView(int fieldCount);
+
+    // The steps of the buttons, with a message box for each failure on the way.
+    void first();
+    void back();
+    void forward();
+    void last();
+    void updateButtons();
+
+    // Goes straight to `event` (1 .. the count) as a rebuild from the first event; what the
+    // events on the way report is returned and announced by `jumped`, never shown in boxes.
+    QStringList jumpTo(int event);
+    // The nearest event of `kind` after (`forward`) or before the position; 0 when there is none.
+    int nearest(EventKind kind, bool forward) const;
+
+    // The slide show: started or redirected, stopped with the stop button, or halted alone.
+    void play(bool forward, std::int16_t interval);
+    void stop();
+    void halt();
+    void disableStop();
+
+signals:
+    // A replay was opened (or its load failed, keeping what it read).
+    void opened(const QString& fileName, int eventCount);
+    // The position moved: once per move, after all of its events.
+    void positionChanged(int position, int eventCount);
+    void stepsEnabledChanged(bool backward, bool forward, bool stop);
+    void playingChanged(bool playing);
+    void viewModeChanged(trelvin::ViewMode mode);
+    // A jump arrived at `position`; the events it applied again reported `messages`.
+    void jumped(int position, const QStringList& messages);
+
+private:
+    std::unique_ptr<TaskProgress> progressFor(const char* task) const;
+
+    SessionServices services_;
+    WorldState world_;
+    ReplayHistory history_;
+    QString fileName_;
+    ViewMode viewMode_ = ViewMode::All;
+    Playback* playback_;
+};
+
+}  // namespace trelvin

@@ -1,0 +1,113 @@
+#include "view/map_painter.h"
+
+#include <algorithm>
+
+#include <QFont>
+#include <QImage>
+#include <QPainter>
+
+#include "bridge/core_text.h"
+#include "view/field_pictures.h"
+
+namespace trelvin {
+
+namespace {
+
+// The captions are 12-point text, 16 pixels at the natural size; smaller than this a caption
+// is no longer legible and is left out.
+constexpr int kCaptionPixels = 16;
+constexpr int kSmallestLegibleCaption = 6;
+
+}  // namespace
+
+MapPainter::MapPainter() {
+    images_.resize(picture::kCount + 1);
+    for (int index = 1; index <= picture::kCount; ++index)
+        images_[std::size_t(index)] = QPixmap(QStringLiteral(":/fields/%1.png").arg(index, 2, 10, QLatin1Char('0')));
+    setFieldPixels(kNaturalFieldPixels);
+}
+
+void MapPainter::setFieldPixels(int pixels, qreal devicePixelRatio) {
+    if (pixels == fieldPixels_ && devicePixelRatio == devicePixelRatio_ && !scaled_.empty()) return;
+    fieldPixels_ = pixels;
+    devicePixelRatio_ = devicePixelRatio;
+    // Whole factors and more stay crisp; below the natural size the pictures are smoothed.
+    const Qt::TransformationMode mode =
+        pixels < kNaturalFieldPixels ? Qt::SmoothTransformation : Qt::FastTransformation;
+    const int side = int(std::lround(pixels * devicePixelRatio));
+    scaled_.assign(images_.size(), QPixmap());
+    for (std::size_t i = 1; i < images_.size(); ++i) {
+        if (images_[i].isNull()) continue;
+        scaled_[i] = images_[i].scaled(side, side, Qt::IgnoreAspectRatio, mode);
+        scaled_[i].setDevicePixelRatio(devicePixelRatio);
+    }
+}
+
+void MapPainter::paintFields(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) {
+    const int count = static_cast<int>(scene.pictures.size());
+    const int columns = scene.columns;
+    if (count == 0 || columns <= 0) return;
+    // Only the fields in the exposed part: they lie in rows of `columns` from the first one.
+    const int size = fieldPixels_;
+    const int c0 = std::clamp((exposed.left() - gridCorner.x()) / size - 1, 0, columns - 1);
+    const int c1 = std::clamp((exposed.right() - gridCorner.x()) / size + 1, 0, columns - 1);
+    const int r0 = std::clamp((exposed.top() - gridCorner.y()) / size - 1, 0, scene.rows() - 1);
+    const int r1 = std::clamp((exposed.bottom() - gridCorner.y()) / size + 1, 0, scene.rows() - 1);
+    for (int r = r0; r <= r1; ++r) {
+        for (int c = c0; c <= c1; ++c) {
+            const int k = r * columns + c + 1;
+            if (k > count) continue;
+            const QRect target(gridCorner.x() + c * size, gridCorner.y() + r * size, size, size);
+            const int shown = scene.pictures[std::size_t(k - 1)];
+            if (shown >= 1 && shown <= picture::kCount && !scaled_[std::size_t(shown)].isNull())
+                painter.drawPixmap(target.topLeft(), scaled_[std::size_t(shown)]);
+            else
+                painter.fillRect(target, Qt::darkGray);
+        }
+    }
+}
+
+void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& view,
+                               const QRect& exposed, const QPalette& palette) {
+    const int size = fieldPixels_;
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setPixelSize(kCaptionPixels * size / kNaturalFieldPixels);
+    const bool legible = font.pixelSize() >= kSmallestLegibleCaption;
+    painter.setFont(font);
+    painter.setPen(palette.color(QPalette::WindowText));
+    const QColor band = palette.color(QPalette::Window);
+    const auto paint = [&](QRect target, const std::string& caption) {
+        if (!target.intersects(exposed)) return;
+        painter.fillRect(target, band);
+        if (legible) painter.drawText(target, Qt::AlignCenter, FromCore(caption));
+    };
+    for (std::size_t j = 0; j < scene.columnCaptions.size(); ++j) {
+        const QRect target(gridCorner.x() + int(j) * size, std::max(gridCorner.y() - size, view.top()), size, size);
+        paint(target, scene.columnCaptions[j]);
+    }
+    for (std::size_t i = 0; i < scene.rowCaptions.size(); ++i) {
+        const QRect target(std::max(gridCorner.x() - size, view.left()), gridCorner.y() + int(i) * size, size, size);
+        paint(target, scene.rowCaptions[i]);
+    }
+    // Where the two bands meet when both stick to the edges.
+    const QPoint corner = gridCorner - QPoint(size, size);
+    if (scene.hasCaptions() && (view.top() > 0 || view.left() > 0))
+        painter.fillRect(QRect(QPoint(std::max(corner.x(), view.left()), std::max(corner.y(), view.top())),
+                               QSize(size, size)),
+                         band);
+}
+
+QImage MapPainter::render(const MapScene& scene, bool captions, const QPalette& palette) {
+    const int band = captions && scene.hasCaptions() ? fieldPixels_ : 0;
+    const QSize size(band + scene.columns * fieldPixels_, band + scene.rows() * fieldPixels_);
+    QImage image(size * devicePixelRatio_, QImage::Format_RGB32);
+    image.setDevicePixelRatio(devicePixelRatio_);
+    image.fill(palette.color(QPalette::Window));
+    QPainter painter(&image);
+    const QRect whole(QPoint(), size);
+    paintFields(painter, scene, QPoint(band, band), whole);
+    if (band > 0) paintCaptions(painter, scene, QPoint(band, band), whole, whole, palette);
+    return image;
+}
+
+}  // namespace trelvin

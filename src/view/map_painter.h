@@ -1,0 +1,65 @@
+#pragma once
+// One painter for every picture of the map: the window's scrolling area paints the part in
+// view with it, and a picture or an animation of the map is painted with it into an image, so
+// both show the same pixels. It paints what a scene holds and reads no world.
+#include <string>
+#include <vector>
+
+#include <QPalette>
+#include <QPixmap>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+class QImage;
+class QPainter;
+
+namespace trelvin {
+
+// What the map shows, apart from where and how large.
+struct MapScene {
+    int columns = 0;            // fields in a row
+    std::vector<int> pictures;  // the picture (1 .. 16) of each field, row by row from A0
+    // The column letters left to right and the row numbers top to bottom (Windows-1250); empty
+    // for a grid that has none.
+    std::vector<std::string> columnCaptions;
+    std::vector<std::string> rowCaptions;
+
+    int rows() const { return columns > 0 ? (static_cast<int>(pictures.size()) + columns - 1) / columns : 0; }
+    bool hasCaptions() const { return !columnCaptions.empty() || !rowCaptions.empty(); }
+};
+
+class MapPainter {
+public:
+    // A field's side in logical pixels at 100 %: the pictures' own size.
+    static constexpr int kNaturalFieldPixels = 20;
+
+    MapPainter();
+
+    // The size of a field's side in logical pixels, and the pixel density of what is painted on.
+    void setFieldPixels(int pixels, qreal devicePixelRatio = 1.0);
+    int fieldPixels() const { return fieldPixels_; }
+
+    // The fields of the scene that meet `exposed`, field A0 at `gridCorner`. A picture number
+    // outside 1 .. 16 shows as a grey square.
+    void paintFields(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed);
+
+    // The column letters on a band above the grid at `gridCorner`, the row numbers on a band left
+    // of it, in the palette's window colours. They keep inside `view`: as the map scrolls under
+    // them they stay at its edges, and a corner is filled where the two bands then meet. Text too
+    // small to read is left out, its bands stay.
+    void paintCaptions(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& view,
+                       const QRect& exposed, const QPalette& palette);
+
+    // The whole scene as an image: the captions' bands above and left of the grid when asked
+    // for; otherwise the grid alone, one picture per field and nothing else.
+    QImage render(const MapScene& scene, bool captions, const QPalette& palette);
+
+private:
+    std::vector<QPixmap> images_;  // the 16 pictures, entry 0 unused
+    std::vector<QPixmap> scaled_;  // at the current size and density
+    int fieldPixels_ = kNaturalFieldPixels;
+    qreal devicePixelRatio_ = 1.0;
+};
+
+}  // namespace trelvin

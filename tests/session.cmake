@@ -1,0 +1,11 @@
+# The session and each panel alone, without the window.
+foreach(name session/replay_session_test panels/panels_test)
+  get_filename_component(test ${name} NAME_WE)
+  string(REPLACE "_test" "_tests" test ${test})
+  add_executable(${test} ${name}.cpp)
+  set_target_properties(${test} PROPERTIES AUTOMOC ON)
+  target_include_directories(${test} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${test} PRIVATE trelvin_ui Qt6::Test)
+  add_test(NAME ${test} COMMAND ${test})
+  set_tests_properties(${test} PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 120)
+endforeach()

@@ -1,0 +1,117 @@
+// The session alone: opening keeps what a failed load read and announces the replay, every
+// move announces its position and button states with their values, and a jump reaches the
+// state of the steps with its messages reported instead of shown.
+#include <QSignalSpy>
+#include <QtTest>
+
+#include "support/session_fixture.h"
+
+using namespace trelvin::testing;
+using trelvin::ReplaySession;
+
+class ReplaySessionTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void openingAppliesTheFirstEventAndKeepsWhatAFailedLoadRead() {
+        Session t;
+        QSignalSpy opened(&t.session, &ReplaySession::opened);
+        QSignalSpy moved(&t.session, &ReplaySession::positionChanged);
+        QCOMPARE(t.applies([&] { QVERIFY(t.open(kAlfa, "alfa.trp").succeeded()); }), std::vector<int>{1});
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened[0][1].toInt(), 7);
+        QVERIFY(opened[0][0].toString().endsWith("alfa.trp"));
+        QCOMPARE(moved.size(), 0);  // the opener refreshes the views in its own order
+        QCOMPARE(std::pair(t.session.position(), t.session.history().log.size()), std::pair(1, 7));
+
+        // A later file that fails at its third line: the message is the result, the count
+        // stays, and so do the events read so far.
+        const trelvin::LoadResult failed = t.open("0;Beta;0;2;1;3\r\n2004-06-19-08-00-00;create_world;NN\r\nx;fly\r\n");
+        QVERIFY2(failed.failure.startsWith("Chyba pri nacitani replaye - radek 3"), qPrintable(failed.failure));
+        QCOMPARE(t.reporter.texts.size(), std::size_t{1});
+        QCOMPARE(std::pair(t.session.eventCount(), t.session.world().lastEventIndex()), std::pair(7, 1));
+        QCOMPARE(opened.size(), 2);
+        QCOMPARE(t.session.world().actionText.substr(0, 9), std::string("Svet Beta"));
+    }
+
+    void movesAnnounceThePositionAndTheButtonsWithTheirValues() {
+        Session t;
+        t.open(PlainReplay(10));
+        QSignalSpy moved(&t.session, &ReplaySession::positionChanged);
+        QSignalSpy steps(&t.session, &ReplaySession::stepsEnabledChanged);
+        QSignalSpy playing(&t.session, &ReplaySession::playingChanged);
+        const auto lastSteps = [&] {
+            const QList<QVariant> values = steps.takeLast();
+            return QString("%1%2%3").arg(values[0].toInt()).arg(values[1].toInt()).arg(values[2].toInt());
+        };
+        t.session.updateButtons();
+        QCOMPARE(lastSteps(), QString("010"));  // backward, forward, stop
+        t.session.forward();
+        QCOMPARE(moved.takeFirst(), (QList<QVariant>{2, 10}));
+        QCOMPARE(lastSteps(), QString("110"));
+        QCOMPARE(t.applies([&] { t.session.last(); }), Range(1, 10));
+        QCOMPARE(moved.takeFirst(), (QList<QVariant>{10, 10}));
+        QVERIFY(moved.isEmpty());  // once per move, after all of its events
+        QCOMPARE(lastSteps(), QString("100"));
+
+        t.session.play(false, 1000);  // one step back at once
+        QCOMPARE(playing.takeFirst(), QList<QVariant>{true});
+        QCOMPARE(std::tuple(t.session.position(), t.session.playInterval(), t.session.slideForward()),
+                 std::tuple(9, 1000, false));
+        QCOMPARE(lastSteps(), QString("111"));
+        t.session.stop();
+        QCOMPARE(playing.takeFirst(), QList<QVariant>{false});
+        QCOMPARE(lastSteps(), QString("110"));
+    }
+
+    void aJumpReachesTheStateOfTheStepsAndReportsItsMessages() {
+        for (int n = 1; n <= 7; ++n) {
+            Session stepped, jumped;
+            // Both have been at the end, whose event writes the winner into the list.
+            for (Session* t : {&stepped, &jumped}) {
+                t->open(kCapture);
+                t->session.last();
+            }
+            stepped.session.first();
+            for (int i = 1; i < n; ++i) stepped.session.forward();
+            jumped.reporter.texts.clear();
+            QSignalSpy told(&jumped.session, &ReplaySession::jumped);
+            const QStringList messages = jumped.session.jumpTo(n);
+            for (Session* t : {&stepped, &jumped}) t->session.revealForView(2);
+            QCOMPARE(WorldLines(jumped.session.world()), WorldLines(stepped.session.world()));
+            QCOMPARE(jumped.session.position(), n);
+            // The failing move (event 5) is applied again on the way to 5, 6 and 7.
+            QCOMPARE(messages.size(), n >= 5 ? 1 : 0);
+            QCOMPARE(told.takeFirst(), (QList<QVariant>{n, messages}));
+            QVERIFY(jumped.reporter.texts.empty());
+        }
+    }
+
+    void theWayOfViewingDecidesWhatARedrawWrites() {
+        Session t;
+        t.open(kAlfa);
+        t.session.last();
+        QSignalSpy changed(&t.session, &ReplaySession::viewModeChanged);
+        const auto visible = [&] {
+            QString flags;
+            for (int k = 1; k <= 6; ++k) flags += t.session.world().tiles[k].visible ? '#' : '.';
+            return flags;
+        };
+        t.session.setViewMode(trelvin::ViewMode::AsLouka);
+        QCOMPARE(changed.takeFirst().at(0).value<trelvin::ViewMode>(), trelvin::ViewMode::AsLouka);
+        QCOMPARE(visible(), QString("......"));  // nothing is written until the map redraws
+        t.session.revealForView(6);
+        QCOMPARE(visible(), QString(".##.##"));  // Jana's C1 and the fields touching it
+        t.session.setViewMode(trelvin::ViewMode::All);
+        t.session.revealForView(6);
+        QCOMPARE(visible(), QString("######"));
+
+        // The nearest events of a kind, from the position.
+        t.session.first();
+        QCOMPARE(std::pair(t.session.nearest(trelvin::EventKind::Attacks, true),
+                           t.session.nearest(trelvin::EventKind::Attacks, false)), std::pair(6, 0));
+    }
+};
+
+QTEST_GUILESS_MAIN(ReplaySessionTest)
+#include "replay_session_test.moc"
