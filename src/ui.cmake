@@ -24,9 +24,9 @@ add_library(trelvin_ui STATIC
   panels/timeline_strip.cpp
   panels/action_list_panel.cpp
   shell/frm_main.cpp
-  shell/finding_aids.cpp
+  panels/jump_menu.cpp
   shell/open_flow.cpp
-  shell/window_size.cpp
+  shell/window_fit.cpp
   shell/designed_fonts.cpp
   shell/command_line.cpp
   shell/qt_translations.cpp

@@ -11,12 +11,14 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QKeySequence>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
 #include "panels/field_panel.h"
+#include "panels/jump_menu.h"
 #include "panels/map_panel.h"
 #include "panels/playback_commands.h"
 #include "panels/playback_controls.h"
@@ -25,6 +27,7 @@
 #include "panels/view_mode_panel.h"
 #include "shell/designed_fonts.h"
 #include "shell/slow_task_dialog.h"
+#include "shell/window_fit.h"
 
 // The pictures and the icon live in the library; make sure the linker keeps them.
 static void loadAssets() { Q_INIT_RESOURCE(assets); }
@@ -53,14 +56,13 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    client_ = new QWidget(central);
-    client_->setStyleSheet(trelvin::DesignedAreaStyle());
-    column->addWidget(client_, 1);
+    auto* client = new QWidget(central);
+    client->setStyleSheet(trelvin::DesignedAreaStyle());
+    column->addWidget(client, 1);
     setCentralWidget(central);
-    buildPanels(client_);
+    buildPanels(client);
     timelineStrip = new trelvin::TimelineStrip(*session_, central);
     column->addWidget(timelineStrip);
-    client_->installEventFilter(this);
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});
@@ -68,7 +70,8 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     setTabOrderByLayout();
     controls->installKeys(this);
     setAcceptDrops(true);
-    fitActionListBeside();
+    fit_ = new trelvin::WindowFit(*this, *client, *grid, *actionDock, *actionList);
+    fit_->startDesigned();
     Form_Load();
 }
 
@@ -104,3 +107,33 @@ void frmMain::Form_Load() {
 }
 
 void frmMain::mnuKonecItem_Click() { QApplication::quit(); }
+
+int frmMain::outerWidthTwips() const { return fit_->outerWidthTwips(); }
+
+// The menu "Prejit", the action list beside the window, and the status line that tells what a
+// jump's events reported: they go there, never into one message box each.
+void frmMain::buildFindingAids() {
+    mnuPrejit = new trelvin::JumpMenu(*session_, this);
+    menuBar()->addMenu(mnuPrejit);
+    mnuPrejit->addSeparator();
+    actionList = new trelvin::ActionListPanel(*session_, this);
+    actionDock = new QDockWidget(QStringLiteral("Seznam akci"), this);
+    actionDock->setObjectName(QStringLiteral("actionDock"));
+    actionDock->setWidget(actionList);
+    actionDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    addDockWidget(Qt::RightDockWidgetArea, actionDock);
+    QAction* showList = actionDock->toggleViewAction();
+    showList->setText(QStringLiteral("&Seznam akci"));
+    showList->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    mnuPrejit->addAction(showList);
+    statusBar()->setSizeGripEnabled(true);
+    connect(session_, &trelvin::ReplaySession::jumped, this, &frmMain::showJumpStatus);
+    connect(mnuPrejit, &trelvin::JumpMenu::nothingFound, this, [this](const QString& text) { statusBar()->showMessage(text); });
+}
+
+void frmMain::showJumpStatus(int position, const QStringList& messages) {
+    QString status = QStringLiteral("Akce %1").arg(position);
+    if (!messages.isEmpty())
+        status += QStringLiteral(": pri opakovani akci %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
+    statusBar()->showMessage(status);
+}

@@ -1,6 +1,7 @@
 #pragma once
 // The main window. It builds the menus, places the panels where the design puts their controls,
 // and runs the open flow; the session moves through the replay, and each panel follows it.
+#include <memory>
 #include <optional>
 
 #include <QMainWindow>
@@ -20,13 +21,14 @@ namespace trelvin {
 class ActionListPanel;
 class DescriptionStrip;
 class FieldPanel;
+class JumpMenu;
 class MapPanel;
 class PlaybackCommands;
 class PlaybackControls;
 class PlayerPanel;
 class TimelineStrip;
 class ViewModePanel;
-enum class EventKind;
+class WindowFit;
 
 struct WindowServices {
     MessageService& messages;
@@ -44,9 +46,6 @@ public:
     ~frmMain() override;
 
     trelvin::ReplaySession& session() { return *session_; }
-
-    // Outer width in twips of the window as designed, as the grid's formula reads it: the
-    // panels added beside it are not counted.
     int outerWidthTwips() const;
 
     QMenu* mnuSoubor;
@@ -64,14 +63,7 @@ public:
 
     // Additions for finding one's way through a long replay.
     QMenu* mnuZobrazeni;
-    QMenu* mnuPrejit;
-    QAction* jumpToAction;
-    QAction* previousAttack;
-    QAction* nextAttack;
-    QAction* previousCapture;
-    QAction* nextCapture;
-    QAction* previousFailure;
-    QAction* nextFailure;
+    trelvin::JumpMenu* mnuPrejit;
     trelvin::TimelineStrip* timelineStrip;
     QDockWidget* actionDock;
     trelvin::ActionListPanel* actionList;
@@ -83,13 +75,7 @@ public slots:
     void RefreshAr();
     void change_info();
 
-    // Goes to the nearest event of a kind after (or before) the current one.
-    void jumpToNearest(trelvin::EventKind kind, bool forward);
-    // Asks for an action number and goes there.
-    void askForJump();
-
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -99,21 +85,11 @@ private:
     void setTabOrderByLayout();
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
-    // What a jump reported goes to the status line.
+    // What a jump or a search for one tells goes to the status line.
     void showJumpStatus(int position, const QStringList& messages);
-    // The window's size: the designed client area with the panels around it, grown to show
-    // the map at 100 % where the screen has room, never past the screen.
-    void fitActionListBeside();
-    void showDesignedClient();
-    void growToShowGrid();
-    void resizeClient(QSize client);
-    // Lays the window out now, shown or not, so that sizes read next are current.
-    void settleLayout();
-    // The map area fills the client area right of the panels and below the view options.
-    void placeMapArea();
 
     trelvin::WindowServices services_;
     trelvin::MessageReporter reporter_;
     trelvin::ReplaySession* session_;
-    QWidget* client_ = nullptr;
+    trelvin::WindowFit* fit_ = nullptr;
 };

@@ -19,6 +19,7 @@
 #include "panels/map_panel.h"
 #include "panels/player_panel.h"
 #include "shell/frm_main.h"
+#include "shell/window_fit.h"
 
 namespace {
 
@@ -67,9 +68,9 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
 void frmMain::RefreshAr() {
     // Every replay's map starts at the same place: the window returns to its designed size
     // first, unless the user made it fill the screen.
-    showDesignedClient();
+    fit_->showDesignedClient();
     grid->build(outerWidthTwips());
-    growToShowGrid();
+    fit_->growToShowMap();
 }
 
 void frmMain::change_info() {

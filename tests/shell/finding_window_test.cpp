@@ -3,6 +3,7 @@
 // messages on the status line instead of message boxes, and the prompt answers bad numbers itself.
 #include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
+#include "panels/jump_menu.h"
 #include "panels/timeline_strip.h"
 #include "playback/jump_prompt.h"
 #include "shell/window_fixture.h"
@@ -59,18 +60,18 @@ private slots:
         frmMain& w = *t.window;
         const auto at = [&w] { return w.session().position(); };
         // From the first event: the next failure, the next attack; none after the capture.
-        w.nextFailure->trigger();
+        w.mnuPrejit->nextFailure->trigger();
         QCOMPARE(at(), 5);
-        w.nextAttack->trigger();
+        w.mnuPrejit->nextAttack->trigger();
         QCOMPARE(at(), 6);
-        w.nextCapture->trigger();
+        w.mnuPrejit->nextCapture->trigger();
         QCOMPARE(at(), 6);
         QCOMPARE(w.statusBar()->currentMessage(), QString("Dale uz zadna takova akce neni"));
         t.controls.cmdEnd_Click();
-        w.previousCapture->trigger();
+        w.mnuPrejit->previousCapture->trigger();
         QCOMPARE(at(), 6);
         t.messages.texts.clear();
-        w.previousFailure->trigger();  // re-applies the failing move
+        w.mnuPrejit->previousFailure->trigger();  // re-applies the failing move
         QCOMPARE(at(), 5);
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join('|')));
         QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: pri opakovani akci 1 hlaseni, posledni: Chyba pri provadeni tahu"),
@@ -99,14 +100,14 @@ private slots:
             QTest::keyClick(prompt->entry(), rounds == 1 ? Qt::Key_Return : Qt::Key_Escape);
         };
         QTimer::singleShot(0, answer);
-        t.window->jumpToAction->trigger();
+        t.window->mnuPrejit->jumpToAction->trigger();
         QCOMPARE(t.window->session().position(), 4);
         QCOMPARE(problems.size(), 3);
         QVERIFY2(problems[0].contains("abc"), qPrintable(problems[0]));
         QVERIFY2(problems[1].contains("99"), qPrintable(problems[1]));
         QVERIFY2(problems[2].contains("od 1 do 7"), qPrintable(problems[2]));
         QTimer::singleShot(0, answer);
-        t.window->jumpToAction->trigger();  // Escape: nowhere
+        t.window->mnuPrejit->jumpToAction->trigger();  // Escape: nowhere
         QCOMPARE(t.window->session().position(), 4);
     }
 };

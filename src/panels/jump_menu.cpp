@@ -1,0 +1,65 @@
+#include "panels/jump_menu.h"
+
+#include <QAction>
+#include <QKeySequence>
+
+#include "playback/jump_prompt.h"
+#include "session/replay_session.h"
+
+namespace trelvin {
+
+namespace {
+
+QAction* jump(QMenu* menu, const char* caption, QKeySequence keys) {
+    QAction* action = menu->addAction(QString::fromLatin1(caption));
+    action->setShortcut(keys);
+    action->setEnabled(false);
+    return action;
+}
+
+}  // namespace
+
+JumpMenu::JumpMenu(ReplaySession& session, QWidget* parent)
+    : QMenu(QStringLiteral("&Prejit"), parent),
+      jumpToAction(jump(this, "&Na akci...", QKeySequence(Qt::CTRL | Qt::Key_G))),
+      previousAttack(jump(this, "Predchozi utok", QKeySequence(Qt::CTRL | Qt::Key_Left))),
+      nextAttack(jump(this, "Dalsi utok", QKeySequence(Qt::CTRL | Qt::Key_Right))),
+      previousCapture(jump(this, "Predchozi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Left))),
+      nextCapture(jump(this, "Dalsi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Right))),
+      previousFailure(jump(this, "Predchozi chyba", QKeySequence(Qt::SHIFT | Qt::Key_F8))),
+      nextFailure(jump(this, "Dalsi chyba", QKeySequence(Qt::Key_F8))),
+      session_(session) {
+    insertSeparator(previousAttack);
+    connect(jumpToAction, &QAction::triggered, this, &JumpMenu::askForJump);
+    const std::pair<QAction*, std::pair<EventKind, bool>> jumps[] = {
+        {previousAttack, {EventKind::Attacks, false}},   {nextAttack, {EventKind::Attacks, true}},
+        {previousCapture, {EventKind::HeadquartersCaptures, false}},
+        {nextCapture, {EventKind::HeadquartersCaptures, true}},
+        {previousFailure, {EventKind::Failures, false}}, {nextFailure, {EventKind::Failures, true}},
+    };
+    for (const auto& [action, target] : jumps)
+        connect(action, &QAction::triggered, this, [this, target] { jumpToNearest(target.first, target.second); });
+    connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
+        for (QAction* action : {jumpToAction, previousAttack, nextAttack, previousCapture, nextCapture,
+                                previousFailure, nextFailure})
+            action->setEnabled(eventCount > 0);
+    });
+}
+
+void JumpMenu::jumpToNearest(EventKind kind, bool forward) {
+    const int found = session_.nearest(kind, forward);
+    if (found == 0) {
+        emit nothingFound(forward ? QStringLiteral("Dale uz zadna takova akce neni")
+                                  : QStringLiteral("Drive zadna takova akce nebyla"));
+        return;
+    }
+    session_.jumpTo(found);
+}
+
+void JumpMenu::askForJump() {
+    if (session_.position() < 1 || session_.eventCount() < 1) return;
+    JumpPrompt prompt(session_.eventCount(), session_.position(), parentWidget());
+    if (prompt.exec() == QDialog::Accepted) session_.jumpTo(prompt.chosen());
+}
+
+}  // namespace trelvin
