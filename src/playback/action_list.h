@@ -33,7 +33,6 @@ public:
     // The events the list shows, top to bottom.
     const std::vector<int>& shownEvents() const;
 
-    QComboBox* kindBox() const { return kinds_; }
     QLineEdit* searchBox() const { return search_; }
     QTableView* table() const { return table_; }
 

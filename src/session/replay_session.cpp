@@ -55,7 +55,6 @@ bool ReplaySession::atBegin() const { return playback_->atBegin(); }
 bool ReplaySession::atEnd() const { return playback_->atEnd(); }
 bool ReplaySession::slideForward() const { return playback_->slideForward(); }
 bool ReplaySession::isPlaying() const { return playback_->isPlaying(); }
-int ReplaySession::playInterval() const { return playback_->interval(); }
 bool ReplaySession::backwardEnabled() const { return playback_->backwardEnabled(); }
 bool ReplaySession::forwardEnabled() const { return playback_->forwardEnabled(); }
 bool ReplaySession::stopEnabled() const { return playback_->stopEnabled(); }

@@ -60,8 +60,6 @@ public:
     bool atEnd() const;
     bool slideForward() const;
     bool isPlaying() const;
-    // Milliseconds between the steps of the show as last started.
-    int playInterval() const;
     bool backwardEnabled() const;
     bool forwardEnabled() const;
     bool stopEnabled() const;

@@ -143,7 +143,6 @@ void MapGrid::setFieldPixels(int pixels, std::optional<QPoint> anchor) {
     horizontalScrollBar()->setValue(int(std::lround(wanted.x())));
     verticalScrollBar()->setValue(int(std::lround(wanted.y())));
     viewport()->update();
-    emit zoomChanged(pixels);
 }
 
 void MapGrid::zoomIn(std::optional<QPoint> anchor) {

@@ -44,8 +44,6 @@ public:
     const MapScene& scene() const { return scene_; }
     // The highest index of m: the fields loaded, one of them perhaps unplaced after a failure.
     int fieldCount() const { return layout_.fieldCount(); }
-    // Picture of field k (1-based) of those placed.
-    int fieldPicture(int k) const { return scene_.pictures.at(static_cast<std::size_t>(k - 1)); }
 
     // Where the area's top-left corner stands in the window, in twips.
     void setAreaOrigin(QPoint twips);
@@ -67,7 +65,6 @@ public:
 
 signals:
     void clicked(int k);
-    void zoomChanged(int fieldPixels);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -99,6 +99,27 @@ private slots:
         QCOMPARE(inspection(), (QStringList{"nezname uzemi", "", "", ""}));
     }
 
+    // The painter gives an image of the map the same pixels the window shows of it.
+    void anImageOfTheMapIsWhatTheWindowShows() {
+        Session t;
+        t.open(BlankWorld(5, 4) + "2004-06-19-08-10-00;create_hq;Karel;les;B2\r\n");
+        trelvin::MapPanel map(t.session, nullptr);
+        map.resize(400, 300);
+        map.show();
+        map.build(6630);
+        map.setAreaOrigin(QPoint(3165, 2650));  // the grid's corner at the area's corner
+        t.session.last();
+        for (int pixels : {20, 30, 12}) {
+            map.setFieldPixels(pixels);
+            trelvin::MapPainter painter;
+            painter.setFieldPixels(pixels);
+            const QImage image = painter.render(map.scene(), true, map.palette());
+            QCOMPARE(image.size(), QSize(6 * pixels, 5 * pixels));
+            const QImage shown = map.viewport()->grab().toImage().copy(QRect(QPoint(), image.size()));
+            QCOMPARE(shown.convertToFormat(image.format()), image);
+        }
+    }
+
     void theDescriptionStripTellsTheActionItsTimeAndThePosition() {
         Session t;
         t.open(kAlfa);

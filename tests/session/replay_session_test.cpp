@@ -56,8 +56,7 @@ private slots:
 
         t.session.play(false, 1000);  // one step back at once
         QCOMPARE(playing.takeFirst(), QList<QVariant>{true});
-        QCOMPARE(std::tuple(t.session.position(), t.session.playInterval(), t.session.slideForward()),
-                 std::tuple(9, 1000, false));
+        QCOMPARE(std::pair(t.session.position(), t.session.slideForward()), std::pair(9, false));
         QCOMPARE(lastSteps(), QString("111"));
         t.session.stop();
         QCOMPARE(playing.takeFirst(), QList<QVariant>{false});
