@@ -9,11 +9,13 @@ build is not counted. Faults planted:
   logical       && and || swapped
   constant      an integer literal plus or minus 1
   loop start    the first value of a for loop plus 1
-  statement     an assignment, or a step of a rule, removed
+  statement     an assignment, a step of a rule, or a signal's emission removed
 
 Usage: scripts/mutation-test.py [--max N] [--seed S] [--time-limit SECONDS] [--list] PATH...
 PATH is a .cpp file or a folder of them (its .cpp files; headers only when named). Standard
-library only. The copy and its build live in a temporary folder.
+library only. The copy and its build live in a temporary folder. Files of the window (the Qt
+view, the playback, the session, the panels, the shell) are checked against the window's
+tests, offscreen; the core's against the core's tests and the golden dumps.
 """
 import argparse
 import random
@@ -28,8 +30,15 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 # The core's tests; the window is not built, so a mutant of the core rebuilds quickly.
-TESTS = r"model_tests|engine_tests|view_core_tests|HostileFiles|dump_"
-TARGETS = ["model_tests", "engine_tests", "view_core_tests", "robustness_tests", "trelvin-dump"]
+CORE_TESTS = r"model_tests|engine_tests|view_core_tests|history_tests|HostileFiles|dump_"
+CORE_TARGETS = ["model_tests", "engine_tests", "view_core_tests", "history_tests", "robustness_tests",
+                "trelvin-dump"]
+# The window's tests that drive the playback, the session and the panels.
+UI_TESTS = r"playback_tests|replay_session_tests|panels_tests|finding_window_tests|map_window_tests"
+UI_TARGETS = ["playback_tests", "replay_session_tests", "panels_tests", "finding_window_tests",
+              "map_window_tests"]
+UI_FOLDERS = ("src/playback", "src/session", "src/panels", "src/shell", "src/bridge")
+UI_FILES = ("src/view/map_grid.cpp", "src/view/map_painter.cpp")
 
 
 @dataclass
@@ -126,7 +135,8 @@ def sites(path):
             start = loop.start(1)
             old = line[start:loop.end(1)]
             add("loop start", start, old, f"({old}) + 1")
-        if stripped.endswith(";") and (ASSIGNMENT.match(code) or "ctx.step(" in code):
+        if stripped.endswith(";") and (ASSIGNMENT.match(code) or "ctx.step(" in code or
+                                       stripped.startswith("emit ")):
             if code.count("(") == code.count(")") and code.count("{") == code.count("}"):
                 indent = line[: len(line) - len(line.lstrip())]
                 found.append(Mutant(rel, number, "statement", line, indent + ";\n"))
@@ -144,6 +154,11 @@ def source_files(arguments):
         else:
             sys.exit(f"no such file or folder: {argument}")
     return files
+
+
+def is_window_code(path):
+    rel = str(path.relative_to(ROOT))
+    return rel.startswith(UI_FOLDERS) or rel in UI_FILES
 
 
 def run(command, cwd, timeout=None):
@@ -173,7 +188,12 @@ def main():
     parser.add_argument("--list", action="store_true", help="only list the sampled mutants")
     options = parser.parse_args()
 
-    everything = [m for path in source_files(options.paths) for m in sites(path)]
+    files = source_files(options.paths)
+    window = any(is_window_code(path) for path in files)
+    if window and not all(is_window_code(path) for path in files):
+        sys.exit("give files of the core or files of the window, not both at once")
+    tests, targets = (UI_TESTS, UI_TARGETS) if window else (CORE_TESTS, CORE_TARGETS)
+    everything = [m for path in files for m in sites(path)]
     sample = random.Random(options.seed).sample(everything, min(options.max, len(everything)))
     sample.sort(key=lambda m: (str(m.path), m.line))
     print(f"{len(everything)} mutation sites; trying {len(sample)} (seed {options.seed})", flush=True)
@@ -189,10 +209,10 @@ def main():
         copy_tree(tree)
         # Checked indexing turns a read past a container's end into a failure the tests see.
         code, output = run(["cmake", "-S", str(tree), "-B", str(build), "-DCMAKE_BUILD_TYPE=Debug",
-                            "-DCMAKE_CXX_FLAGS=-D_GLIBCXX_ASSERTIONS", "-DTRELVIN_BUILD_UI=OFF",
+                            "-DCMAKE_CXX_FLAGS=-D_GLIBCXX_ASSERTIONS", f"-DTRELVIN_BUILD_UI={'ON' if window else 'OFF'}",
                             "-DTRELVIN_BUILD_BENCH=OFF"], tree)
-        build_command = ["cmake", "--build", str(build), "-j2", "--target", *TARGETS]
-        test_command = ["ctest", "--test-dir", str(build), "-R", TESTS, "-j2", "--stop-on-failure",
+        build_command = ["cmake", "--build", str(build), "-j2", "--target", *targets]
+        test_command = ["ctest", "--test-dir", str(build), "-R", tests, "-j2", "--stop-on-failure",
                         "--timeout", "60"]
         if code == 0:
             code, output = run(build_command, tree)
