@@ -46,7 +46,7 @@ void RevealForView(WorldState& world, ViewMode mode, int fieldCount) {
     UpdateVisibility(world, ViewSide(mode));
     for (int k = 1; k <= std::min(fieldCount, world.lastTileIndex()); ++k) {
         Tile& tile = world.tiles[k];
-        if (tile.visible && !tile.owner.empty() && tile.terrain.empty()) tile.terrain = terrain::kGrass;
+        if (tile.visible && !tile.owner.empty() && tile.terrain.empty()) tile.terrain = std::string(terrain::kGrass);
     }
 }
 
