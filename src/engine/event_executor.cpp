@@ -32,12 +32,7 @@ constexpr std::array<RuleEntry, kActionCount> kRules{{
     {Action::Other, [](RuleContext&) {}},  // a keyword without a rule changes nothing
 }};
 
-constexpr bool InActionOrder() {
-    for (std::size_t i = 0; i < kRules.size(); ++i)
-        if (static_cast<std::size_t>(kRules[i].action) != i) return false;
-    return true;
-}
-static_assert(InActionOrder());
+static_assert(InActionOrder(kRules));
 
 }  // namespace
 

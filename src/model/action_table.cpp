@@ -34,12 +34,7 @@ constexpr std::array<ActionInfo, kActionCount> kActions{{
     Info(Action::Other, "", ActionFamily::None),
 }};
 
-constexpr bool InActionOrder() {
-    for (std::size_t i = 0; i < kActions.size(); ++i)
-        if (static_cast<std::size_t>(kActions[i].action) != i) return false;
-    return true;
-}
-static_assert(InActionOrder());
+static_assert(InActionOrder(kActions));
 
 }  // namespace
 

@@ -60,4 +60,14 @@ const ActionInfo& InfoOf(Action action);
 
 inline std::string_view KeywordOf(Action action) { return InfoOf(action).keyword; }
 
+// Whether a table of entries with an `action` has them in the order of Action, one each: tables
+// indexed by the action check this when they are compiled.
+template <typename Table>
+constexpr bool InActionOrder(const Table& table) {
+    if (table.size() != kActionCount) return false;
+    for (std::size_t i = 0; i < table.size(); ++i)
+        if (static_cast<std::size_t>(table[i].action) != i) return false;
+    return true;
+}
+
 }  // namespace trelvin

@@ -4,6 +4,7 @@
 #include <QTime>
 
 #include "bridge/twips.h"
+#include "panels/designed_label.h"
 #include "model/checked_math.h"
 #include "playback/clock_face.h"
 #include "playback/position_texts.h"
@@ -13,12 +14,10 @@ namespace trelvin {
 
 namespace {
 
-// The label at a place of the designed area.
+// The label at its place in the designed area, which the strip's corner is taken from.
 QLabel* makeLabel(QWidget* strip, const char* caption, int left, int top, int width, int height) {
-    auto* label = new QLabel(QString::fromLatin1(caption), strip);
-    label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    PlaceByTwips(label, left - DescriptionStrip::kLeft, top - DescriptionStrip::kTop, width, height);
-    return label;
+    return DesignedLabel(strip, caption, Qt::AlignHCenter, left - DescriptionStrip::kLeft,
+                         top - DescriptionStrip::kTop, width, height);
 }
 
 // A label that cannot show its whole text shows it as a tooltip.

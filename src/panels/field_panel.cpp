@@ -5,41 +5,31 @@
 
 #include "bridge/core_text.h"
 #include "bridge/twips.h"
+#include "panels/designed_label.h"
 #include "model/field_addressing.h"
 #include "session/replay_session.h"
 #include "view/field_details.h"
 
 namespace trelvin {
 
-namespace {
-
-QLabel* makeLabel(QWidget* frame, const char* caption, Qt::Alignment alignment, int left, int top, int width) {
-    auto* label = new QLabel(QString::fromLatin1(caption), frame);
-    label->setAlignment(alignment | Qt::AlignTop);
-    PlaceByTwips(label, left, top, width, 255);
-    return label;
-}
-
-}  // namespace
-
 FieldPanel::FieldPanel(const ReplaySession& session, QWidget* parent)
     : QGroupBox(QStringLiteral("Info o policku"), parent), session_(session) {
     PlaceByTwips(this, 120, 4320, 2895, 1575);
-    makeLabel(this, "Policko", Qt::AlignLeft, 120, 240, 1215);
+    DesignedLabel(this, "Policko", Qt::AlignLeft, 120, 240, 1215);
     txtPolicko = new QLineEdit(this);
     txtPolicko->setAlignment(Qt::AlignHCenter);
     txtPolicko->setMaxLength(3);
     txtPolicko->setEnabled(false);
     txtPolicko->setAcceptDrops(false);
     PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
-    makeLabel(this, "Typ", Qt::AlignLeft, 120, 480, 1215);
-    lblPTyp = makeLabel(this, "", Qt::AlignRight, 1560, 480, 1215);
-    makeLabel(this, "Vlastnik", Qt::AlignLeft, 120, 720, 1335);
-    lblPVlastnik = makeLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
-    makeLabel(this, "Typ armady", Qt::AlignLeft, 120, 960, 1335);
-    lblPTypArmady = makeLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
-    makeLabel(this, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335);
-    lblPPArmady = makeLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+    DesignedLabel(this, "Typ", Qt::AlignLeft, 120, 480, 1215);
+    lblPTyp = DesignedLabel(this, "", Qt::AlignRight, 1560, 480, 1215);
+    DesignedLabel(this, "Vlastnik", Qt::AlignLeft, 120, 720, 1335);
+    lblPVlastnik = DesignedLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    DesignedLabel(this, "Typ armady", Qt::AlignLeft, 120, 960, 1335);
+    lblPTypArmady = DesignedLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    DesignedLabel(this, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335);
+    lblPPArmady = DesignedLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
     connect(txtPolicko, &QLineEdit::textChanged, this, &FieldPanel::txtPolicko_Change);
 }
 

@@ -10,19 +10,13 @@
 #include <QStyle>
 
 #include "bridge/twips.h"
+#include "panels/designed_label.h"
 #include "playback/player_texts.h"
 #include "session/replay_session.h"
 
 namespace trelvin {
 
 namespace {
-
-QLabel* makeLabel(QWidget* frame, const char* caption, Qt::Alignment alignment, int left, int top, int width) {
-    auto* label = new QLabel(QString::fromLatin1(caption), frame);
-    label->setAlignment(alignment | Qt::AlignTop);
-    PlaceByTwips(label, left, top, width, 255);
-    return label;
-}
 
 // The drop-down as wide as its longest entry; the box itself keeps its designed size.
 void widenDropDown(QComboBox* box) {
@@ -36,7 +30,7 @@ void widenDropDown(QComboBox* box) {
 PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     : QGroupBox(QStringLiteral("Hraci"), parent), session_(session) {
     PlaceByTwips(this, 120, 2640, 2895, 1575);
-    makeLabel(this, "Hrac", Qt::AlignLeft, 120, 240, 975);
+    DesignedLabel(this, "Hrac", Qt::AlignLeft, 120, 240, 975);
     cmbHraci = new QComboBox(this);
     cmbHraci->setEditable(true);
     cmbHraci->setInsertPolicy(QComboBox::NoInsert);
@@ -45,14 +39,14 @@ PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     // A file dropped anywhere opens it, the text field included.
     cmbHraci->lineEdit()->setAcceptDrops(false);
     PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
-    makeLabel(this, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095);
-    lblPocetTahu = makeLabel(this, "", Qt::AlignRight, 1440, 480, 1335);
-    makeLabel(this, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215);
-    lblMnozstviNektaru = makeLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
-    makeLabel(this, "Veleni", Qt::AlignLeft, 120, 960, 1335);
-    lblVeleni = makeLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
-    makeLabel(this, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215);
-    lblVelikostUzemi = makeLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+    DesignedLabel(this, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095);
+    lblPocetTahu = DesignedLabel(this, "", Qt::AlignRight, 1440, 480, 1335);
+    DesignedLabel(this, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215);
+    lblMnozstviNektaru = DesignedLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    DesignedLabel(this, "Veleni", Qt::AlignLeft, 120, 960, 1335);
+    lblVeleni = DesignedLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    DesignedLabel(this, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215);
+    lblVelikostUzemi = DesignedLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
 
     connect(cmbHraci, &QComboBox::activated, this, &PlayerPanel::cmbHraci_Click);
     // The box is narrow for long names: its tooltip tells the whole entry.
