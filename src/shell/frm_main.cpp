@@ -25,6 +25,7 @@
 #include "panels/player_panel.h"
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
+#include "shell/export_commands.h"
 #include "shell/designed_fonts.h"
 #include "shell/slow_task_dialog.h"
 #include "shell/window_fit.h"
@@ -46,6 +47,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     mnuSoubor = menuBar()->addMenu(QStringLiteral("&Soubor"));
     mnuOtevritItem = mnuSoubor->addAction(QStringLiteral("&Otevrit"));
     mnuOtevritItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    mnuSoubor->addSeparator();
     mnuKonecItem = mnuSoubor->addAction(QStringLiteral("&Konec"));
     mnuKonecItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(mnuOtevritItem, &QAction::triggered, this, &frmMain::mnuOtevritItem_Click);
@@ -63,6 +65,12 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     buildPanels(client);
     timelineStrip = new trelvin::TimelineStrip(*session_, central);
     column->addWidget(timelineStrip);
+
+    exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, this);
+    mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
+    mnuSoubor->insertSeparator(mnuKonecItem);
+    connect(exports, &trelvin::ExportCommands::written, this,
+            [this](const QString& path) { statusBar()->showMessage(QStringLiteral("Ulozeno: ") + path); });
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});

@@ -1,0 +1,84 @@
+#include "export/map_export.h"
+
+#include <exception>
+#include <memory>
+#include <new>
+
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QSaveFile>
+
+#include "bridge/core_text.h"
+#include "export/gif_writer.h"
+#include "export/map_frames.h"
+#include "export/webp_writer.h"
+
+namespace trelvin {
+
+namespace {
+
+class PngWriter : public FrameWriter {
+public:
+    explicit PngWriter(QIODevice& device) : writer_(&device, "png") {}
+    void add(const QImage& frame, const QRect&) override {
+        if (!writer_.write(frame)) throw ExportError(QStringLiteral("Zapis PNG se nepodaril: ") + writer_.errorString());
+    }
+    void finish() override {}
+
+private:
+    QImageWriter writer_;
+};
+
+std::unique_ptr<FrameWriter> writerFor(ExportFormat format, QIODevice& device, MapFrames& frames, int delay) {
+    switch (format) {
+        case ExportFormat::Png: return std::make_unique<PngWriter>(device);
+        case ExportFormat::Gif: return std::make_unique<GifWriter>(device, frames.image().size(), frames.colours(), delay);
+        case ExportFormat::WebP: return std::make_unique<WebpWriter>(device, frames.image().size(), delay);
+    }
+    return nullptr;
+}
+
+ExportOutcome failed(const QString& text) { return {ExportOutcome::Status::Failed, text}; }
+
+ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* progress) {
+    const std::optional<ExportFormat> format = FormatOfPath(job.path);
+    if (!format) return failed(QStringLiteral("Soubor %1 nema priponu .png, .gif ani .webp").arg(job.path));
+    // Only a file is replaced; a folder or a device of that name is left alone.
+    const QFileInfo target(job.path);
+    if (target.exists() && !target.isFile())
+        return failed(QStringLiteral("%1 neni obycejny soubor").arg(job.path));
+    QSaveFile file(job.path);
+    if (!file.open(QIODevice::WriteOnly))
+        return failed(QStringLiteral("Soubor %1 nelze zapsat: %2").arg(job.path, file.errorString()));
+
+    MapFrames frames(replay, job.picture, job.palette);
+    const auto keepGoing = [&] { return !progress || progress->keepGoing(std::uint64_t(frames.action()), std::uint64_t(job.last)); };
+    if (!frames.start(job.first, progress, job.last)) return {ExportOutcome::Status::Cancelled, {}};
+    const std::unique_ptr<FrameWriter> writer = writerFor(*format, file, frames, job.delayMilliseconds);
+    writer->add(frames.image(), frames.changed());
+    while (frames.action() < job.last) {
+        if (!keepGoing()) return {ExportOutcome::Status::Cancelled, {}};
+        frames.next();
+        writer->add(frames.image(), frames.changed());
+    }
+    writer->finish();
+    if (!file.commit()) return failed(QStringLiteral("Soubor %1 nelze zapsat: %2").arg(job.path, file.errorString()));
+    return {};
+}
+
+}  // namespace
+
+ExportOutcome ExportMap(const WorldState& replay, const ExportJob& job, TaskProgress* progress) {
+    try {
+        return run(replay, job, progress);
+    } catch (const ExportError& error) {
+        return failed(error.text());
+    } catch (const std::bad_alloc&) {
+        return failed(QStringLiteral("Nedostatek pameti"));
+    } catch (const std::exception& error) {
+        // The grid's limits come from the core, in its own encoding.
+        return failed(FromCore(error.what()));
+    }
+}
+
+}  // namespace trelvin
