@@ -1,8 +1,11 @@
 #pragma once
-// A lossless animated WebP that loops forever, made by libwebp's animation encoder: it stores
-// each frame after the first as the rectangle that changed, and shows a frame that changes
-// nothing by lengthening the one before. The encoder keeps the compressed frames until the
-// file is written whole at the end.
+// A lossless animated WebP that loops forever: each frame is encoded by libwebp as the
+// rectangle that changed (the whole of the first) and added to libwebp's animation muxer, which
+// writes the file at the end. What the muxer keeps meanwhile is the compressed frames alone.
+//
+// libwebp's WebPAnimEncoder finds the changed rectangle itself by reading the whole canvas
+// column by column several times a frame: on the largest map that is tens of milliseconds a
+// frame, while the painter knows the rectangle already.
 #include <QSize>
 
 #include <webp/encode.h>
@@ -10,7 +13,7 @@
 #include "export/frame_writer.h"
 
 class QIODevice;
-struct WebPAnimEncoder;
+struct WebPMux;
 
 namespace trelvin {
 
@@ -23,14 +26,14 @@ public:
     void finish() override;
 
 private:
-    [[noreturn]] void fail() const;
+    [[noreturn]] void fail(const QString& reason) const;
 
     QIODevice& device_;
     QSize size_;
     int delay_;
-    int timestamp_ = 0;
+    bool first_ = true;
     WebPConfig config_;
-    WebPAnimEncoder* encoder_ = nullptr;
+    WebPMux* mux_ = nullptr;
 };
 
 }  // namespace trelvin

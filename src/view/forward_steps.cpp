@@ -29,25 +29,26 @@ void ForwardSteps::first() {
 
 void ForwardSteps::forward() { apply(++position_); }
 
-std::vector<int> ForwardSteps::redraw() {
-    std::vector<int> pictures = RedrawPictures(world_, mode_, fieldCount_);
-    findBareFields();
-    return pictures;
-}
+std::vector<int> ForwardSteps::redraw() { return RedrawPictures(world_, mode_, fieldCount_); }
 
 void ForwardSteps::apply(int action) {
     IgnoringReporter reporter;
     ExecuteEvent(world_, static_cast<std::int16_t>(action), reporter);
-    // Only the world's creation and a change of terrain write terrain letters.
+    // Only the world's creation and a change of terrain write terrain letters, and only an
+    // empty letter makes a field bare; a field that got a letter stays listed, and is passed over.
     if (action <= world_.lastEventIndex()) {
-        const Action kind = ActionOf(world_.events[static_cast<std::size_t>(action)].action);
-        if (kind == Action::CreateWorld || kind == Action::ConvertGround) findBareFields();
+        const ReplayEvent& event = world_.events[static_cast<std::size_t>(action)];
+        const Action kind = ActionOf(event.action);
+        if (kind == Action::CreateWorld || (kind == Action::ConvertGround && event.newTerrain().empty())) findBareFields();
     }
     // The redraw after each step fills an owned, visible field's empty terrain with grass, which
     // later actions read. Where no field can be filled it writes nothing that lasts: the
     // visibility is worked out anew by the next redraw, so the whole pass is needed only then.
     const bool fillable = std::any_of(bareFields_.begin(), bareFields_.end(),
-                                      [this](int k) { return !world_.tiles[static_cast<std::size_t>(k)].owner.empty(); });
+                                      [this](int k) {
+                                          const Tile& tile = world_.tiles[static_cast<std::size_t>(k)];
+                                          return tile.terrain.empty() && !tile.owner.empty();
+                                      });
     if (fillable) {
         RevealForView(world_, mode_, fieldCount_);
         findBareFields();

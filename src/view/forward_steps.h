@@ -34,7 +34,8 @@ private:
     ViewMode mode_;
     int fieldCount_;
     int position_ = 0;
-    // Fields without a terrain letter: the only ones a redraw's write can change, once owned.
+    // The fields without a terrain letter, and perhaps some that got one since: only a bare
+    // field that is owned can be changed by a redraw's write.
     std::vector<int> bareFields_;
 };
 
