@@ -35,11 +35,8 @@ int exportReplay(const ExportArguments& arguments) {
     RecordingReporter loading;
     LoadReplay(world, arguments.replay, loading);
     if (!loading.texts.empty()) return failure(FromCore(loading.texts.front()));
-    const int last = arguments.last.value_or(arguments.first);
-    for (const int action : {arguments.first, last})
-        if (action < 1 || action > world.eventCount)
-            return failure(QStringLiteral("akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(action).arg(world.eventCount));
-    const ExportJob job{QFile::decodeName(QByteArray::fromStdString(arguments.output)), arguments.first, last, arguments.delayMilliseconds,
+    const ExportJob job{QFile::decodeName(QByteArray::fromStdString(arguments.output)), arguments.first,
+                        arguments.last.value_or(arguments.first), arguments.delayMilliseconds,
                         arguments.picture, QGuiApplication::palette()};
     const ExportOutcome outcome = ExportMap(world, job);
     return outcome.status == ExportOutcome::Status::Written ? 0 : failure(outcome.failure);

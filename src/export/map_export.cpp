@@ -57,6 +57,12 @@ ExportOutcome failed(const QString& text) { return {ExportOutcome::Status::Faile
 ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* progress) {
     const std::optional<ExportFormat> format = FormatOfPath(job.path);
     if (!format) return failed(QStringLiteral("Soubor %1 nema priponu .png, .gif ani .webp").arg(job.path));
+    for (const int action : {job.first, job.last})
+        if (action < 1 || action > replay.eventCount)
+            return failed(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(action).arg(replay.eventCount));
+    if (job.last < job.first) return failed(QStringLiteral("Posledni akce %1 je pred prvni %2").arg(job.last).arg(job.first));
+    if (*format == ExportFormat::Png && job.last != job.first)
+        return failed(QStringLiteral("Obrazek PNG ukazuje jedinou akci, animaci ukladejte jako GIF nebo WebP"));
     // Only a file is replaced; a folder or a device of that name is left alone.
     const QFileInfo target(job.path);
     if (target.exists() && !target.isFile())
@@ -76,7 +82,11 @@ ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* 
         writer->add(frames.image(), frames.changed());
     }
     writer->finish();
-    if (!file.commit()) return failed(QStringLiteral("Soubor %1 nelze zapsat: %2").arg(job.path, file.errorString()));
+    // A disk that fills up may take part of a write without a word: what reached it is counted.
+    const bool whole = file.flush() && file.size() == file.pos();
+    if (!whole || !file.commit())
+        return failed(QStringLiteral("Soubor %1 nelze zapsat: %2")
+                          .arg(job.path, whole ? file.errorString() : QStringLiteral("na disk se nevesel cely")));
     return {};
 }
 

@@ -6,19 +6,19 @@
 
 #include "panels/export_dialog.h"
 #include "panels/map_panel.h"
-#include "session/replay_session.h"
 #include "shell/message_service.h"
-#include "shell/slow_task_dialog.h"
 
 namespace trelvin {
 
-ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages, QWidget* window)
+ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages,
+                               ProgressShower progress, QWidget* window)
     : QObject(window),
       pictureAction(new QAction(QStringLiteral("&Exportovat obrazek..."), this)),
       animationAction(new QAction(QStringLiteral("Exportovat &animaci..."), this)),
       session_(session),
       map_(map),
       messages_(messages),
+      progress_(std::move(progress)),
       window_(window) {
     pictureAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     animationAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
@@ -45,8 +45,9 @@ void ExportCommands::ask(bool animation) {
 
 ExportOutcome ExportCommands::run(ExportJob job) {
     job.palette = map_.palette();
-    SlowTaskDialog progress(window_, QStringLiteral("Export: %1").arg(QFileInfo(job.path).fileName()));
-    const ExportOutcome outcome = ExportMap(session_.world(), job, &progress);
+    const std::unique_ptr<TaskProgress> progress =
+        progress_ ? progress_(QStringLiteral("Export: %1").arg(QFileInfo(job.path).fileName())) : nullptr;
+    const ExportOutcome outcome = ExportMap(session_.world(), job, progress.get());
     switch (outcome.status) {
         case ExportOutcome::Status::Written: emit written(job.path); break;
         case ExportOutcome::Status::Cancelled:

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "export/map_export.h"
+#include "session/replay_session.h"
 
 class QAction;
 class QWidget;
@@ -14,13 +15,14 @@ namespace trelvin {
 
 class MapPanel;
 class MessageService;
-class ReplaySession;
 
 class ExportCommands : public QObject {
     Q_OBJECT
 
 public:
-    ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages, QWidget* window);
+    // `progress` shows how far a long export has come, and lets the user cancel it.
+    ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages, ProgressShower progress,
+                   QWidget* window);
 
     QAction* const pictureAction;
     QAction* const animationAction;
@@ -38,6 +40,7 @@ private:
     ReplaySession& session_;
     const MapPanel& map_;
     MessageService& messages_;
+    ProgressShower progress_;
     QWidget* window_;
 };
 

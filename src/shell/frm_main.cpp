@@ -35,10 +35,10 @@ static void loadAssets() { Q_INIT_RESOURCE(assets); }
 
 frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     : QMainWindow(parent), services_(std::move(services)), reporter_(services_.messages) {
-    session_ = new trelvin::ReplaySession(
-        {reporter_, services_.applyEvent, services_.openReplay,
-         [this](const QString& label) { return std::make_unique<trelvin::SlowTaskDialog>(this, label); }},
-        this);
+    const trelvin::ProgressShower slowTasks = [this](const QString& label) {
+        return std::make_unique<trelvin::SlowTaskDialog>(this, label);
+    };
+    session_ = new trelvin::ReplaySession({reporter_, services_.applyEvent, services_.openReplay, slowTasks}, this);
     loadAssets();
     trelvin::RegisterDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
@@ -66,7 +66,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     timelineStrip = new trelvin::TimelineStrip(*session_, central);
     column->addWidget(timelineStrip);
 
-    exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, this);
+    exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
     mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
     mnuSoubor->insertSeparator(mnuKonecItem);
     connect(exports, &trelvin::ExportCommands::written, this,
