@@ -74,7 +74,10 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, Kind k
     auto* file = new QHBoxLayout;
     file->addWidget(path, 1);
     file->addWidget(choose);
-    form->addRow(QStringLiteral("&Soubor:"), file);
+    path->setMinimumWidth(path->fontMetrics().averageCharWidth() * 48);
+    auto* fileLabel = new QLabel(QStringLiteral("&Soubor:"));
+    fileLabel->setBuddy(path);
+    form->addRow(fileLabel, file);
     if (animation) {
         form->addRow(QStringLiteral("&Od akce:"), from);
         form->addRow(QStringLiteral("&Do akce:"), to);
