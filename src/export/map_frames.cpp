@@ -108,9 +108,13 @@ std::vector<QRgb> MapFrames::colours() {
     for (const auto& [colour, count] : counts) byUse.emplace_back(-count, colour);
     std::sort(byUse.begin(), byUse.end());
     // The bands and the letters first: they cover whole strips of a frame.
-    std::vector<QRgb> result{palette_.color(QPalette::Window).rgb(), palette_.color(QPalette::WindowText).rgb()};
-    for (const auto& [count, colour] : byUse)
+    std::vector<QRgb> result;
+    const auto add = [&result](QRgb colour) {
         if (std::find(result.begin(), result.end(), colour) == result.end()) result.push_back(colour);
+    };
+    add(palette_.color(QPalette::Window).rgb());
+    add(palette_.color(QPalette::WindowText).rgb());
+    for (const auto& [count, colour] : byUse) add(colour);
     return result;
 }
 

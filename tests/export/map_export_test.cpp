@@ -50,7 +50,11 @@ std::vector<std::pair<QImage, int>> gifFrames(const QString& path) {
     int error = 0;
     GifFileType* gif = DGifOpenFileName(QFile::encodeName(path).constData(), &error);
     std::vector<std::pair<QImage, int>> frames;
-    if (gif == nullptr || DGifSlurp(gif) == GIF_ERROR) return frames;
+    if (gif == nullptr) return frames;
+    if (DGifSlurp(gif) == GIF_ERROR) {
+        DGifCloseFile(gif, &error);
+        return frames;
+    }
     QImage canvas(gif->SWidth, gif->SHeight, QImage::Format_RGB32);
     for (int i = 0; i < gif->ImageCount; ++i) {
         const SavedImage& image = gif->SavedImages[i];
