@@ -2,13 +2,11 @@
 // The frames of an exported picture or animation, painted one at a time into one image: the
 // map with the painter the window uses, as the window shows it when the step buttons reach
 // each action, and what changed since the frame before.
-#include <memory>
 #include <vector>
 
 #include <QImage>
 #include <QPalette>
 #include <QRect>
-#include <QStringList>
 
 #include "export/export_options.h"
 #include "model/task_progress.h"
@@ -24,7 +22,7 @@ QSize FrameSize(int columns, int rows, const PictureOptions& options);
 class MapFrames {
 public:
     // Frames of `replay`'s map, on a copy of it: the replay's own world is left as it is.
-    // Throws a RuleError where the window's grid cannot be built for the map.
+    // Throws where the window's grid cannot be built for the map, or it has no field.
     MapFrames(const WorldState& replay, const PictureOptions& options, const QPalette& palette);
 
     // Applies the actions from the first up to `action` and paints its frame whole. False when
