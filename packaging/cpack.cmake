@@ -10,8 +10,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://github.com/trelvin/trelvin-replay)
-# Libraries as dpkg-shlibdeps finds them; what the program loads by name besides: the Qt
-# platform plugins, its fonts and Qt's translations.
+# Libraries as dpkg-shlibdeps finds them (Qt, and giflib and libwebp for the animations);
+# what the program loads by name besides: the Qt platform plugins, its fonts and Qt's
+# translations.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation2, fonts-comic-neue, qt6-translations-l10n")
 # The long description; CPack puts the summary above it.
@@ -20,6 +21,8 @@ strategy game, and rebuilds its world action by action: the map seen whole or
 as one side sees it, each action's Czech description, date and time with a
 24-hour clock face, a chosen player's standing and a chosen field's details.
 A timeline, a list of every action and jumps to attacks, captured
-headquarters and failures lead through long games. trelvin-dump prints a
+headquarters and failures lead through long games. The map can be saved as a
+PNG picture, or a stretch of the game as an animated GIF or WebP, from the
+window or with trelvin-export, which needs no display. trelvin-dump prints a
 replay as JSON Lines.")
 include(CPack)

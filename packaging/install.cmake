@@ -3,7 +3,7 @@
 include(GNUInstallDirs)
 set(app_id io.github.trelvin.Replay)
 # Games live in games/ beside bin/, as Debian keeps them (/usr/games is on every user's PATH).
-install(TARGETS trelvin-replay trelvin-dump RUNTIME DESTINATION games)
+install(TARGETS trelvin-replay trelvin-dump trelvin-export RUNTIME DESTINATION games)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/${app_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/${app_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/trelvin-replay.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
@@ -23,7 +23,7 @@ install(FILES ${PROJECT_SOURCE_DIR}/assets/icon/trelvin.svg
 # Man pages and the changelog go compressed, as Debian keeps them.
 set(compressed ${CMAKE_CURRENT_BINARY_DIR}/compressed)
 set(gzipped)
-foreach(source man/trelvin-replay.6 man/trelvin-dump.6 changelog)
+foreach(source man/trelvin-replay.6 man/trelvin-dump.6 man/trelvin-export.6 changelog)
   get_filename_component(name ${source} NAME)
   add_custom_command(OUTPUT ${compressed}/${name}.gz
     COMMAND ${CMAKE_COMMAND} -E make_directory ${compressed}
@@ -32,7 +32,8 @@ foreach(source man/trelvin-replay.6 man/trelvin-dump.6 changelog)
   list(APPEND gzipped ${compressed}/${name}.gz)
 endforeach()
 add_custom_target(compressed-docs ALL DEPENDS ${gzipped})
-install(FILES ${compressed}/trelvin-replay.6.gz ${compressed}/trelvin-dump.6.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
+install(FILES ${compressed}/trelvin-replay.6.gz ${compressed}/trelvin-dump.6.gz ${compressed}/trelvin-export.6.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/trelvin-replay)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md ${CMAKE_CURRENT_LIST_DIR}/copyright ${compressed}/changelog.gz

@@ -12,8 +12,9 @@ for option in "$@"; do
     *) echo "usage: $0 [--sanitize] [--fuzz]" >&2; exit 2 ;;
   esac
 done
-# The tests' own tools: the package check, the Czech desktop, the memory of the dump.
-extra=(dpkg-dev lintian appstream man-db locales time)
+# The tests' own tools: the package check, the Czech desktop, the memory of the dump, the
+# kinds of the exported files.
+extra=(dpkg-dev lintian appstream man-db locales time file)
 [ $fuzz -eq 1 ] && extra+=(clang libclang-rt-14-dev)
 scripts/install-deps.sh "${extra[@]}"
 

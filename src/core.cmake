@@ -16,6 +16,7 @@ add_library(trelvin_core STATIC
   engine/rules_economy.cpp
   view/visibility.cpp
   view/field_pictures.cpp
+  view/forward_steps.cpp
   view/field_details.cpp
   view/grid_layout.cpp
   history/action_log.cpp

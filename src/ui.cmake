@@ -13,6 +13,13 @@ add_library(trelvin_ui STATIC
   playback/timeline.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
+  export/export_options.cpp
+  export/caption_strip.cpp
+  export/map_frames.cpp
+  export/gif_writer.cpp
+  export/webp_writer.cpp
+  export/map_export.cpp
+  export/export_command_line.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp
@@ -23,6 +30,7 @@ add_library(trelvin_ui STATIC
   panels/map_panel.cpp
   panels/timeline_strip.cpp
   panels/action_list_panel.cpp
+  panels/export_dialog.cpp
   shell/frm_main.cpp
   panels/jump_menu.cpp
   shell/open_flow.cpp
@@ -34,11 +42,12 @@ add_library(trelvin_ui STATIC
   shell/message_reporter.cpp
   shell/open_file_service.cpp
   shell/slow_task_dialog.cpp
+  shell/export_commands.cpp
   ${CMAKE_SOURCE_DIR}/assets/assets.qrc
 )
 set_target_properties(trelvin_ui PROPERTIES AUTOMOC ON AUTORCC ON)
 target_include_directories(trelvin_ui PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(trelvin_ui PUBLIC trelvin_core Qt6::Widgets)
+target_link_libraries(trelvin_ui PUBLIC trelvin_core Qt6::Widgets PRIVATE GIF::GIF PkgConfig::WEBP)
 target_compile_definitions(trelvin_ui PRIVATE TRELVIN_VERSION="${PROJECT_VERSION}")
 
 add_executable(trelvin-replay shell/main.cpp)

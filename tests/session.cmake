@@ -9,3 +9,14 @@ foreach(name session/replay_session_test panels/panels_test)
   add_test(NAME ${test} COMMAND ${test})
   set_tests_properties(${test} PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 120)
 endforeach()
+
+# Exports of the map and trelvin-export's command line; the animations are decoded with giflib
+# and libwebp's own decoder.
+add_executable(export_tests export/map_export_test.cpp)
+set_target_properties(export_tests PROPERTIES AUTOMOC ON)
+target_include_directories(export_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(export_tests PRIVATE trelvin_ui Qt6::Test GIF::GIF PkgConfig::WEBPDEMUX)
+target_compile_definitions(export_tests PRIVATE TRELVIN_SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples"
+                                                TRELVIN_VERSION="${PROJECT_VERSION}")
+add_test(NAME export_tests COMMAND export_tests)
+set_tests_properties(export_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 300)

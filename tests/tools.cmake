@@ -9,3 +9,8 @@ add_test(NAME dump_usage COMMAND $<TARGET_FILE:trelvin-dump> --view sideways)
 set_tests_properties(dump_usage PROPERTIES WILL_FAIL TRUE)
 add_test(NAME dump_hostile_paths COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/dump_hostile_paths.sh $<TARGET_FILE:trelvin-dump>)
 set_tests_properties(dump_hostile_paths PROPERTIES TIMEOUT 120)
+if(TARGET trelvin-export)
+  add_test(NAME export_exit_codes
+           COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/export_exit_codes.sh $<TARGET_FILE:trelvin-export> ${samples})
+  set_tests_properties(export_exit_codes PROPERTIES TIMEOUT 120)
+endif()

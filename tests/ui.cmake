@@ -12,6 +12,7 @@ endfunction()
 trelvin_window_test(map_window_tests shell/map_window_test.cpp)
 trelvin_window_test(keyboard_and_drop_tests shell/keyboard_and_drop_test.cpp)
 trelvin_window_test(finding_window_tests shell/finding_window_test.cpp)
+trelvin_window_test(export_window_tests shell/export_window_test.cpp)
 
 # On a laptop's screen of 1366 x 768 pixels.
 set(screen_config ${CMAKE_CURRENT_BINARY_DIR}/screen-1366x768.json)

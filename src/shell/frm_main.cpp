@@ -25,6 +25,7 @@
 #include "panels/player_panel.h"
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
+#include "shell/export_commands.h"
 #include "shell/designed_fonts.h"
 #include "shell/slow_task_dialog.h"
 #include "shell/window_fit.h"
@@ -34,10 +35,10 @@ static void loadAssets() { Q_INIT_RESOURCE(assets); }
 
 frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     : QMainWindow(parent), services_(std::move(services)), reporter_(services_.messages) {
-    session_ = new trelvin::ReplaySession(
-        {reporter_, services_.applyEvent, services_.openReplay,
-         [this](const QString& label) { return std::make_unique<trelvin::SlowTaskDialog>(this, label); }},
-        this);
+    const trelvin::ProgressShower slowTasks = [this](const QString& label) {
+        return std::make_unique<trelvin::SlowTaskDialog>(this, label);
+    };
+    session_ = new trelvin::ReplaySession({reporter_, services_.applyEvent, services_.openReplay, slowTasks}, this);
     loadAssets();
     trelvin::RegisterDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
@@ -46,6 +47,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     mnuSoubor = menuBar()->addMenu(QStringLiteral("&Soubor"));
     mnuOtevritItem = mnuSoubor->addAction(QStringLiteral("&Otevrit"));
     mnuOtevritItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    mnuSoubor->addSeparator();
     mnuKonecItem = mnuSoubor->addAction(QStringLiteral("&Konec"));
     mnuKonecItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(mnuOtevritItem, &QAction::triggered, this, &frmMain::mnuOtevritItem_Click);
@@ -63,6 +65,12 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     buildPanels(client);
     timelineStrip = new trelvin::TimelineStrip(*session_, central);
     column->addWidget(timelineStrip);
+
+    exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
+    mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
+    mnuSoubor->insertSeparator(mnuKonecItem);
+    connect(exports, &trelvin::ExportCommands::written, this,
+            [this](const QString& path) { statusBar()->showMessage(QStringLiteral("Ulozeno: ") + path); });
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});

@@ -19,6 +19,7 @@ class QMenu;
 
 namespace trelvin {
 class ActionListPanel;
+class ExportCommands;
 class DescriptionStrip;
 class FieldPanel;
 class JumpMenu;
@@ -51,6 +52,8 @@ public:
     QMenu* mnuSoubor;
     QAction* mnuOtevritItem;
     QAction* mnuKonecItem;
+    // Additions: the map as a picture, a stretch of the game as an animation.
+    trelvin::ExportCommands* exports;
 
     // The panels, each named as the design names its frame where it has one.
     trelvin::PlaybackCommands* commands;

@@ -48,28 +48,12 @@ void MapGrid::build(int rows, int columns, double windowWidth) {
     struct Refresh {
         MapGrid& grid;
         ~Refresh() {
-            grid.sceneFromLayout();
+            grid.scene_ = MapScene::FromLayout(grid.layout_);
             grid.bounds_ = grid.layout_.bounds();
             grid.setAreaOrigin(grid.areaOrigin_);
         }
     } refresh{*this};
     layout_.build(rows, columns, windowWidth);
-}
-
-void MapGrid::sceneFromLayout() {
-    // Every field starts with the free-land picture. A field whose place a failure left unset
-    // is not shown, and only a complete grid has its captions.
-    const std::vector<GridField>& fields = layout_.fields();
-    const auto placed = std::find_if(fields.begin(), fields.end(), [](const GridField& f) { return !f.visible; });
-    scene_.columns = layout_.columns();
-    scene_.pictures.assign(std::size_t(placed - fields.begin()), picture::kFreeLand);
-    scene_.columnCaptions.clear();
-    scene_.rowCaptions.clear();
-    const int columns = std::min(layout_.columns(), layout_.labelCount());
-    for (int n = 1; n <= layout_.labelCount(); ++n) {
-        const GridLabel& label = layout_.labels()[std::size_t(n - 1)];
-        if (label.visible) (n <= columns ? scene_.columnCaptions : scene_.rowCaptions).push_back(label.caption);
-    }
 }
 
 void MapGrid::setPictures(std::vector<int> pictures) {

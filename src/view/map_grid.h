@@ -82,8 +82,6 @@ private:
     void updateScrollBars();
     // Where field A0 stands, in content pixels.
     QPoint gridCorner() const;
-    // The scene of a newly built layout: free land everywhere, the captions of a complete grid.
-    void sceneFromLayout();
 
     GridLayout layout_;
     MapScene scene_;

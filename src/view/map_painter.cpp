@@ -72,6 +72,7 @@ void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint 
     const int size = fieldPixels_;
     QFont font(QStringLiteral("MS Sans Serif"));
     font.setPixelSize(kCaptionPixels * size / kNaturalFieldPixels);
+    if (sharpLetters_) font.setStyleStrategy(QFont::NoAntialias);
     const bool legible = font.pixelSize() >= kSmallestLegibleCaption;
     painter.setFont(font);
     painter.setPen(palette.color(QPalette::WindowText));
@@ -97,17 +98,44 @@ void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint 
                          band);
 }
 
-QImage MapPainter::render(const MapScene& scene, bool captions, const QPalette& palette) {
+QSize MapPainter::sceneSize(const MapScene& scene, bool captions) const {
     const int band = captions && scene.hasCaptions() ? fieldPixels_ : 0;
-    const QSize size(band + scene.columns * fieldPixels_, band + scene.rows() * fieldPixels_);
+    return QSize(band + scene.columns * fieldPixels_, band + scene.rows() * fieldPixels_);
+}
+
+void MapPainter::paintScene(QPainter& painter, const MapScene& scene, bool captions, const QPalette& palette,
+                            const QRect& exposed) {
+    const int band = captions && scene.hasCaptions() ? fieldPixels_ : 0;
+    const QRect whole(QPoint(), sceneSize(scene, captions));
+    painter.save();
+    painter.setClipRect(exposed);
+    painter.fillRect(exposed, palette.color(QPalette::Window));
+    paintFields(painter, scene, QPoint(band, band), exposed);
+    if (band > 0) paintCaptions(painter, scene, QPoint(band, band), whole, exposed, palette);
+    painter.restore();
+}
+
+QImage MapPainter::render(const MapScene& scene, bool captions, const QPalette& palette) {
+    const QSize size = sceneSize(scene, captions);
     QImage image(size * devicePixelRatio_, QImage::Format_RGB32);
     image.setDevicePixelRatio(devicePixelRatio_);
-    image.fill(palette.color(QPalette::Window));
     QPainter painter(&image);
-    const QRect whole(QPoint(), size);
-    paintFields(painter, scene, QPoint(band, band), whole);
-    if (band > 0) paintCaptions(painter, scene, QPoint(band, band), whole, whole, palette);
+    paintScene(painter, scene, captions, palette, QRect(QPoint(), size));
     return image;
+}
+
+MapScene MapScene::FromLayout(const GridLayout& layout) {
+    const std::vector<GridField>& fields = layout.fields();
+    const auto placed = std::find_if(fields.begin(), fields.end(), [](const GridField& f) { return !f.visible; });
+    MapScene scene;
+    scene.columns = layout.columns();
+    scene.pictures.assign(std::size_t(placed - fields.begin()), picture::kFreeLand);
+    const int columns = std::min(layout.columns(), layout.labelCount());
+    for (int n = 1; n <= layout.labelCount(); ++n) {
+        const GridLabel& label = layout.labels()[std::size_t(n - 1)];
+        if (label.visible) (n <= columns ? scene.columnCaptions : scene.rowCaptions).push_back(label.caption);
+    }
+    return scene;
 }
 
 }  // namespace trelvin

@@ -11,6 +11,8 @@
 #include <QRect>
 #include <QSize>
 
+#include "view/grid_layout.h"
+
 class QImage;
 class QPainter;
 
@@ -27,6 +29,10 @@ struct MapScene {
 
     int rows() const { return columns > 0 ? (static_cast<int>(pictures.size()) + columns - 1) / columns : 0; }
     bool hasCaptions() const { return !columnCaptions.empty() || !rowCaptions.empty(); }
+
+    // The scene of a newly built layout: free land everywhere, the captions of a complete grid.
+    // A field whose place a failure left unset is not shown.
+    static MapScene FromLayout(const GridLayout& layout);
 };
 
 class MapPainter {
@@ -51,15 +57,24 @@ public:
     void paintCaptions(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& view,
                        const QRect& exposed, const QPalette& palette);
 
+    // Letters drawn in the pen's colour alone, their edges not smoothed: a picture then holds
+    // no colour but the field pictures' and the bands' two, which a GIF's palette needs.
+    void setSharpLetters(bool sharp) { sharpLetters_ = sharp; }
+
     // The whole scene as an image: the captions' bands above and left of the grid when asked
     // for; otherwise the grid alone, one picture per field and nothing else.
     QImage render(const MapScene& scene, bool captions, const QPalette& palette);
+    QSize sceneSize(const MapScene& scene, bool captions) const;
+    // The part `exposed` of that image, painted anew with the same pixels.
+    void paintScene(QPainter& painter, const MapScene& scene, bool captions, const QPalette& palette,
+                    const QRect& exposed);
 
 private:
     std::vector<QPixmap> images_;  // the 16 pictures, entry 0 unused
     std::vector<QPixmap> scaled_;  // at the current size and density
     int fieldPixels_ = kNaturalFieldPixels;
     qreal devicePixelRatio_ = 1.0;
+    bool sharpLetters_ = false;
 };
 
 }  // namespace trelvin

@@ -1,0 +1,121 @@
+#include "export/map_frames.h"
+
+#include <algorithm>
+#include <map>
+#include <new>
+
+#include <QPainter>
+
+#include "export/caption_strip.h"
+#include "export/export_error.h"
+#include "view/grid_layout.h"
+
+namespace trelvin {
+
+namespace {
+
+// The map's scene as the window builds its grid, with the grid's limits.
+MapScene sceneOf(const WorldState& world) {
+    GridLayout layout;
+    layout.build(world.mapHeight, world.mapWidth, 0);
+    MapScene scene = MapScene::FromLayout(layout);
+    if (scene.pictures.empty()) throw ExportError(QStringLiteral("Mapa nema zadne policko"));
+    return scene;
+}
+
+}  // namespace
+
+QSize FrameSize(int columns, int rows, const PictureOptions& options) {
+    const int band = options.labels ? options.fieldPixels : 0;
+    return QSize(band + columns * options.fieldPixels,
+                 band + rows * options.fieldPixels + (options.caption ? CaptionStripHeight() : 0));
+}
+
+MapFrames::MapFrames(const WorldState& replay, const PictureOptions& options, const QPalette& palette)
+    : world_(replay),
+      options_(options),
+      palette_(palette),
+      scene_(sceneOf(world_)),
+      steps_(world_, options.view, static_cast<int>(scene_.pictures.size())) {
+    painter_.setFieldPixels(options.fieldPixels);
+    painter_.setSharpLetters(true);
+    mapRect_ = QRect(QPoint(), painter_.sceneSize(scene_, options.labels));
+    if (options.caption) stripRect_ = QRect(0, mapRect_.bottom() + 1, mapRect_.width(), CaptionStripHeight());
+    image_ = QImage(mapRect_.united(stripRect_).size(), QImage::Format_RGB32);
+    if (image_.isNull()) throw std::bad_alloc();
+}
+
+bool MapFrames::start(int action, TaskProgress* progress, int total) {
+    steps_.first();
+    while (steps_.position() < action) {
+        if (progress && !progress->keepGoing(std::uint64_t(steps_.position()), std::uint64_t(total))) return false;
+        steps_.forward();
+    }
+    scene_.pictures = steps_.redraw();
+    QPainter painter(&image_);
+    painter_.paintScene(painter, scene_, options_.labels, palette_, mapRect_);
+    painter.end();
+    paintCaption();
+    changed_ = image_.rect();
+    return true;
+}
+
+void MapFrames::next() {
+    steps_.forward();
+    std::vector<int> pictures = steps_.redraw();
+    // The block of fields whose picture changed.
+    const int columns = scene_.columns;
+    int top = scene_.rows(), bottom = -1, left = columns, right = -1;
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
+        if (pictures[i] == scene_.pictures[i]) continue;
+        const int row = int(i) / columns, column = int(i) % columns;
+        top = std::min(top, row);
+        bottom = std::max(bottom, row);
+        left = std::min(left, column);
+        right = std::max(right, column);
+    }
+    scene_.pictures = std::move(pictures);
+    changed_ = QRect();
+    if (bottom >= 0) {
+        const int size = painter_.fieldPixels();
+        const int band = mapRect_.width() - columns * size;
+        changed_ = QRect(band + left * size, band + top * size, (right - left + 1) * size, (bottom - top + 1) * size);
+        QPainter painter(&image_);
+        painter_.paintScene(painter, scene_, options_.labels, palette_, changed_);
+    }
+    paintCaption();
+    if (options_.caption) changed_ = changed_.united(stripRect_);
+}
+
+void MapFrames::paintCaption() {
+    if (!options_.caption) return;
+    QPainter painter(&image_);
+    PaintCaptionStrip(painter, stripRect_, CaptionLines(world_, steps_.position()), palette_);
+}
+
+std::vector<QRgb> MapFrames::colours() {
+    // The sixteen pictures side by side, painted as every frame paints them.
+    MapScene sample;
+    sample.columns = picture::kCount;
+    for (int p = 1; p <= picture::kCount; ++p) sample.pictures.push_back(p);
+    const QImage pictures = painter_.render(sample, false, palette_).convertToFormat(QImage::Format_RGB32);
+    std::map<QRgb, int> counts;
+    for (int y = 0; y < pictures.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(pictures.constScanLine(y));
+        for (int x = 0; x < pictures.width(); ++x) ++counts[line[x]];
+    }
+    std::vector<std::pair<int, QRgb>> byUse;
+    for (const auto& [colour, count] : counts) byUse.emplace_back(-count, colour);
+    std::sort(byUse.begin(), byUse.end());
+    // The bands and the letters first: they cover whole strips of a frame.
+    std::vector<QRgb> result;
+    const auto add = [&result](QRgb colour) {
+        if (std::find(result.begin(), result.end(), colour) == result.end()) result.push_back(colour);
+    };
+    add(palette_.color(QPalette::Window).rgb());
+    add(palette_.color(QPalette::WindowText).rgb());
+    for (const auto& [count, colour] : byUse) add(colour);
+    return result;
+}
+
+}  // namespace trelvin

@@ -1,0 +1,61 @@
+#include "shell/export_commands.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QKeySequence>
+
+#include "panels/export_dialog.h"
+#include "panels/map_panel.h"
+#include "shell/message_service.h"
+
+namespace trelvin {
+
+ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages,
+                               ProgressShower progress, QWidget* window)
+    : QObject(window),
+      pictureAction(new QAction(QStringLiteral("&Exportovat obrazek..."), this)),
+      animationAction(new QAction(QStringLiteral("Exportovat &animaci..."), this)),
+      session_(session),
+      map_(map),
+      messages_(messages),
+      progress_(std::move(progress)),
+      window_(window) {
+    pictureAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    animationAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
+    connect(pictureAction, &QAction::triggered, this, [this] { ask(false); });
+    connect(animationAction, &QAction::triggered, this, [this] { ask(true); });
+    connect(&session, &ReplaySession::opened, this, &ExportCommands::followSession);
+    connect(&session, &ReplaySession::positionChanged, this, &ExportCommands::followSession);
+    followSession();
+}
+
+void ExportCommands::followSession() {
+    const bool open = session_.position() >= 1 && session_.eventCount() >= 1;
+    pictureAction->setEnabled(open);
+    animationAction->setEnabled(open);
+}
+
+void ExportCommands::ask(bool animation) {
+    // The current action the dialog offers must stay current while it is open.
+    if (session_.isPlaying()) session_.stop();
+    ExportDialog dialog(session_, map_.fieldPixels(),
+                        animation ? ExportDialog::Kind::Animation : ExportDialog::Kind::Picture, window_);
+    if (dialog.exec() == QDialog::Accepted) run(dialog.job());
+}
+
+ExportOutcome ExportCommands::run(ExportJob job) {
+    job.palette = map_.palette();
+    const std::unique_ptr<TaskProgress> progress =
+        progress_ ? progress_(QStringLiteral("Export: %1").arg(QFileInfo(job.path).fileName())) : nullptr;
+    const ExportOutcome outcome = ExportMap(session_.world(), job, progress.get());
+    switch (outcome.status) {
+        case ExportOutcome::Status::Written: emit written(job.path); break;
+        case ExportOutcome::Status::Cancelled:
+            messages_.showMessage(QStringLiteral("Export byl zrusen, soubor %1 nebyl zapsan").arg(job.path));
+            break;
+        case ExportOutcome::Status::Failed: messages_.showMessage(QStringLiteral("Chyba pri exportu - ") + outcome.failure); break;
+    }
+    return outcome;
+}
+
+}  // namespace trelvin

@@ -1,0 +1,47 @@
+#pragma once
+// Soubor -> Exportovat obrazek... and Exportovat animaci...: the dialog of the options, then the
+// export with a progress dialog once it takes more than half a second; a failure or a cancel
+// ends with one message, and a written file is announced.
+#include <QObject>
+#include <QString>
+
+#include "export/map_export.h"
+#include "session/replay_session.h"
+
+class QAction;
+class QWidget;
+
+namespace trelvin {
+
+class MapPanel;
+class MessageService;
+
+class ExportCommands : public QObject {
+    Q_OBJECT
+
+public:
+    // `progress` shows how far a long export has come, and lets the user cancel it.
+    ExportCommands(ReplaySession& session, const MapPanel& map, MessageService& messages, ProgressShower progress,
+                   QWidget* window);
+
+    QAction* const pictureAction;
+    QAction* const animationAction;
+
+    // Runs an export as the dialog asked for it, in the map's colours.
+    ExportOutcome run(ExportJob job);
+
+signals:
+    void written(const QString& path);
+
+private:
+    void ask(bool animation);
+    void followSession();
+
+    ReplaySession& session_;
+    const MapPanel& map_;
+    MessageService& messages_;
+    ProgressShower progress_;
+    QWidget* window_;
+};
+
+}  // namespace trelvin
