@@ -13,6 +13,7 @@ add_library(trelvin_ui STATIC
   playback/timeline.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
+  session/keyframe_shortcut.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp

@@ -34,15 +34,31 @@ void Playback::first() {
 
 bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
     const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
+    const int shortcut = shortcut_ ? shortcut_->shortcutTo(last) : 0;
     for (int index = 1; index <= last; ++index) {
         if (trackPosition) position_ = static_cast<std::int16_t>(index);
-        apply_(static_cast<std::int16_t>(index), reporter);
+        if (index > shortcut) {
+            apply_(static_cast<std::int16_t>(index), reporter);
+        } else {
+            // Only a report (a message box) can take the time that the progress measures.
+            const bool reported = shortcut_->reportAgain(index, reporter);
+            if (index == shortcut) shortcut_->restore(shortcut);
+            if (!reported) continue;
+        }
         if (progress && !progress->keepGoing(index, last)) {
             position_ = static_cast<std::int16_t>(index);
+            if (index < shortcut) reachQuietly(index);
             return false;
         }
     }
     return true;
+}
+
+void Playback::reachQuietly(int event) {
+    RecordingReporter given;
+    const int shortcut = shortcut_ ? shortcut_->shortcutTo(event) : 0;
+    if (shortcut > 0) shortcut_->restore(shortcut);
+    for (int index = shortcut + 1; index <= event; ++index) apply_(static_cast<std::int16_t>(index), given);
 }
 
 void Playback::back() {
