@@ -34,6 +34,7 @@ void Keyframes::record(const WorldState& world, int index, const LoggedEvent& en
         rebuildsFromNothing_ = entry.action == Action::CreateWorld && entry.messages.empty() &&
                                creation.terrains().size() == static_cast<std::size_t>(tileCount_);
     }
+    if (!entry.messages.empty()) reporting_.push_back(index);
     if (!rebuildsFromNothing_) return;
     if (entry.action == Action::End) endApplied_ = true;
     if (index % kSpacing != 0) return;

@@ -45,6 +45,9 @@ public:
     static void Restore(const Keyframe& frame, WorldState& world);
 
     int size() const { return static_cast<int>(frames_.size()); }
+    // The events that reported anything in the pass, in order: those a keyframe passes over
+    // report again from the log.
+    const std::vector<int>& reportingEvents() const { return reporting_; }
 
 private:
     bool rebuildsFromNothing_ = false;
@@ -52,6 +55,7 @@ private:
     int tileCount_ = 0;
     bool endApplied_ = false;
     std::vector<Keyframe> frames_;
+    std::vector<int> reporting_;
 };
 
 }  // namespace trelvin

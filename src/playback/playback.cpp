@@ -35,19 +35,25 @@ void Playback::first() {
 bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
     const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
     const int shortcut = shortcut_ ? shortcut_->shortcutTo(last) : 0;
-    for (int index = 1; index <= last; ++index) {
-        if (trackPosition) position_ = static_cast<std::int16_t>(index);
-        if (index > shortcut) {
-            apply_(static_cast<std::int16_t>(index), reporter);
-        } else {
-            // Only a report (a message box) can take the time that the progress measures.
-            const bool reported = shortcut_->reportAgain(index, reporter);
-            if (index == shortcut) shortcut_->restore(shortcut);
-            if (!reported) continue;
+    if (shortcut > 0) {
+        // The events passed over take no time but their message boxes.
+        for (const int index : shortcut_->reportingEvents()) {
+            if (index > shortcut) break;
+            if (trackPosition) position_ = static_cast<std::int16_t>(index);
+            shortcut_->reportAgain(index, reporter);
+            if (progress && !progress->keepGoing(index, last)) {
+                position_ = static_cast<std::int16_t>(index);
+                reachQuietly(index);
+                return false;
+            }
         }
+        shortcut_->restore(shortcut);
+    }
+    for (int index = shortcut + 1; index <= last; ++index) {
+        if (trackPosition) position_ = static_cast<std::int16_t>(index);
+        apply_(static_cast<std::int16_t>(index), reporter);
         if (progress && !progress->keepGoing(index, last)) {
             position_ = static_cast<std::int16_t>(index);
-            if (index < shortcut) reachQuietly(index);
             return false;
         }
     }
@@ -56,7 +62,7 @@ bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter
 
 void Playback::reachQuietly(int event) {
     RecordingReporter given;
-    const int shortcut = shortcut_ ? shortcut_->shortcutTo(event) : 0;
+    const int shortcut = shortcut_->shortcutTo(event);
     if (shortcut > 0) shortcut_->restore(shortcut);
     for (int index = shortcut + 1; index <= event; ++index) apply_(static_cast<std::int16_t>(index), given);
 }

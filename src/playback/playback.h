@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <QObject>
 
@@ -33,9 +34,10 @@ public:
     // The latest event at or before `target` whose state can be put into the world as it is
     // now; 0 when the rebuild must apply the events from the first.
     virtual int shortcutTo(int target) const = 0;
-    // Reports what event `index` (up to such an event) reported when it was applied on the way
-    // there, in order; true when it reported anything.
-    virtual bool reportAgain(int index, Reporter& reporter) const = 0;
+    // The events that reported anything on the way, in order.
+    virtual const std::vector<int>& reportingEvents() const = 0;
+    // Reports again what event `index`, one of those, reported when it was applied.
+    virtual void reportAgain(int index, Reporter& reporter) const = 0;
     // Puts the state after event `event`, one that `shortcutTo` gave, into the world.
     virtual void restore(int event) = 0;
 };

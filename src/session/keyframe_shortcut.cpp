@@ -7,10 +7,8 @@ int KeyframeShortcut::shortcutTo(int target) const {
     return frame ? frame->event : 0;
 }
 
-bool KeyframeShortcut::reportAgain(int index, Reporter& reporter) const {
-    const std::vector<std::string>& messages = history_.log.event(index).messages;
-    for (const std::string& text : messages) reporter.report(text);
-    return !messages.empty();
+void KeyframeShortcut::reportAgain(int index, Reporter& reporter) const {
+    for (const std::string& text : history_.log.event(index).messages) reporter.report(text);
 }
 
 void KeyframeShortcut::restore(int event) {

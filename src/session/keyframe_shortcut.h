@@ -12,7 +12,8 @@ public:
     KeyframeShortcut(WorldState& world, const ReplayHistory& history) : world_(world), history_(history) {}
 
     int shortcutTo(int target) const override;
-    bool reportAgain(int index, Reporter& reporter) const override;
+    const std::vector<int>& reportingEvents() const override { return history_.keyframes.reportingEvents(); }
+    void reportAgain(int index, Reporter& reporter) const override;
     void restore(int event) override;
 
 private:

@@ -113,10 +113,9 @@ private slots:
         // The state after event 6 is kept; event 3 reported on the way there.
         struct Kept : trelvin::RebuildShortcut {
             int shortcutTo(int target) const override { return target >= 6 ? 6 : 0; }
-            bool reportAgain(int index, trelvin::Reporter& reporter) const override {
-                if (index == 3) reporter.report("again");
-                return index == 3;
-            }
+            const std::vector<int>& reportingEvents() const override { return reporting; }
+            void reportAgain(int, trelvin::Reporter& reporter) const override { reporter.report("again"); }
+            std::vector<int> reporting{3};
             void restore(int event) override { restored.push_back(event); }
             std::vector<int> restored;
         };
