@@ -11,6 +11,7 @@ add_library(trelvin_ui STATIC
   playback/position_texts.cpp
   playback/player_texts.cpp
   playback/timeline.cpp
+  playback/action_row_delegate.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
   session/keyframe_shortcut.cpp
