@@ -1,6 +1,5 @@
 #include "window_bench.h"
 
-#include <malloc.h>
 #include <time.h>
 
 #include <algorithm>
@@ -12,7 +11,6 @@
 #include <QApplication>
 #include <QMouseEvent>
 
-#include "history/replay_history.h"
 #include "panels/action_list_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
@@ -151,9 +149,6 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     }
     stepsBack.printMedian("step_back_ms", "ms (target < 4)");
 
-    const double logMs = medianMilliseconds(runs, [&] { trelvin::ReplayHistory::Build(world); });
-    std::printf("%-28s %10.3f %s\n", "action_list_build_ms", logMs, "ms (target < 50)");
-
     // A drag across the timeline from end to end in one second at 60 moves a second: each move's
     // mouse event, the jump it asks for and the paint. The slowest must fit in one frame, or the
     // position lags behind the mouse.
@@ -173,10 +168,5 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     mouse(QEvent::MouseButtonRelease, bar->width() - 1);
     drag.printSlowest("drag_slowest_ms", "ms (target < 8)");
 
-    // What all keyframes of the replay hold: the heap a copy of them takes.
-    const std::size_t heapBefore = mallinfo2().uordblks;
-    const trelvin::Keyframes copy = window.session().history().keyframes;
-    const double keyframesMb = double(mallinfo2().uordblks - heapBefore) / (1024 * 1024);
-    std::printf("%-28s %10.3f %s (%d keyframes)\n", "keyframes_mb", keyframesMb, "MB (target < 30)", copy.size());
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

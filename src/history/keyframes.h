@@ -26,8 +26,9 @@ struct Keyframe {
 
 class Keyframes {
 public:
-    // Events between two keyframes. One copy of the largest map takes about 1.1 MB, and the
-    // events between two keyframes re-apply in about half a millisecond.
+    // Events between two keyframes. A copy of the largest map takes 1.1 MB: this spacing keeps
+    // the largest replay's 15 copies at 16 MB (1024 would need 34 MB), and the events after
+    // a copy re-apply in well under a millisecond, less than a jump's paint.
     static constexpr int kSpacing = 2048;
 
     // Notes what a rebuild from the first event cannot reset in `world`, the copy the pass

@@ -3,8 +3,8 @@
 // backwards, to either end, and the slide show that steps by itself on its own timer. The world
 // can only be built forwards, so every move backwards or to the end reaches the state that
 // applying the events from the first again gives, starting at the nearest state kept on the
-// way when there is one. Its signals carry the values views need: `positionChanged` comes once per move,
-// after all of its events.
+// way when there is one. Its signals carry the values views need: `positionChanged` comes once
+// per move, after all of its events.
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -88,8 +88,8 @@ public:
     void last();
 
     // Moves straight to event `target` (clamped to 1 .. the count) as a rebuild from the first
-    // event, as a step back does; their reports go to `quiet` instead of the message
-    // boxes of the steps. Leaves exactly the state the steps would reach.
+    // event, as a step back does; the reports go to `quiet` instead of the message boxes of the
+    // steps. Leaves exactly the state the steps would reach.
     void jumpTo(int target, Reporter& quiet);
 
     // Enables the button groups for the position and records whether it is at either end.
