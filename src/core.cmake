@@ -20,6 +20,7 @@ add_library(trelvin_core STATIC
   view/field_details.cpp
   view/grid_layout.cpp
   history/action_log.cpp
+  history/keyframes.cpp
   history/replay_history.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
