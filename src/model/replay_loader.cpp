@@ -237,8 +237,13 @@ public:
         utf8File_ = isUtf8Source(source, progress);
         source.rewind();
         LineReader lines(source, progress);
+        // The header's own failures, a header too long among them, name line 1.
+        lineNumber_ = 1;
         const std::optional<std::string_view> header = lines.next();
-        if (!header) throw LoadFailure{"soubor neobsahuje hlavicku"};
+        if (!header) {
+            lineNumber_ = 0;
+            throw LoadFailure{"soubor neobsahuje hlavicku"};
+        }
         readHeader(decoded(header->starts_with(kUtf8Bom) ? header->substr(kUtf8Bom.size()) : *header,
                            lines.lineIsAscii()));
         // A line takes at least 20 bytes: room for every event without regrowth on the way.
@@ -273,7 +278,6 @@ private:
     }
 
     void readHeader(std::string_view line) {
-        lineNumber_ = 1;
         std::vector<std::string_view>& fields = fields_;
         split(line, ';', fields);
         if (fields.size() < 6)

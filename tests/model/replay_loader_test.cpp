@@ -310,6 +310,8 @@ TEST_F(FailedLoad, EventsStopAt32767AndLinesAt1MiB) {
     EXPECT_EQ(std::tuple(full.eventCount, full.events[1].amount), std::tuple(1, 4));
     EXPECT_EQ(Load(full, "0;A;9;1;1;1\r\n" + line + "5\r\n"),
               std::vector<std::string>{std::string(kLoadFailure) + "radek 2: radek je delsi nez 1 MB"});
+    EXPECT_EQ(Load(full, "0;" + std::string(std::size_t{1} << 20, 'A') + ";9;1;1;1\n"),
+              std::vector<std::string>{std::string(kLoadFailure) + "radek 1: radek je delsi nez 1 MB"});
     WorldState never;  // a failed first load leaves the world unloaded
     EXPECT_EQ(Load(never, "0;A;9;1;1\n"),
               std::vector<std::string>{std::string(kLoadFailure) + "radek 1: hlavicka ma jen 5 poli, ocekava se 6"});
