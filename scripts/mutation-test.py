@@ -36,9 +36,9 @@ CORE_TESTS = r"model_tests|engine_tests|view_core_tests|history_tests|HostileFil
 CORE_TARGETS = ["model_tests", "engine_tests", "view_core_tests", "history_tests", "robustness_tests",
                 "trelvin-dump"]
 # The window's tests that drive the playback, the session and the panels.
-UI_TESTS = r"playback_tests|replay_session_tests|panels_tests|finding_window_tests|map_window_tests"
-UI_TARGETS = ["playback_tests", "replay_session_tests", "panels_tests", "finding_window_tests",
-              "map_window_tests"]
+UI_TESTS = r"playback_tests|replay_session_tests|keyframe_equivalence_tests|panels_tests|finding_window_tests|map_window_tests"
+UI_TARGETS = ["playback_tests", "replay_session_tests", "keyframe_equivalence_tests", "panels_tests",
+              "finding_window_tests", "map_window_tests"]
 UI_FOLDERS = ("src/playback", "src/session", "src/panels", "src/shell", "src/bridge")
 UI_FILES = ("src/view/map_grid.cpp", "src/view/map_painter.cpp")
 
