@@ -110,12 +110,12 @@ private slots:
     }
 
     void aShortcutReportsTheEventsItPassesOverAndStopsWhereTheProgressStops() {
-        // The state after event 6 is kept; event 3 reported on the way there.
+        // The state after event 6 is kept; events 3 and 6, the kept one itself, reported on the way.
         struct Kept : trelvin::RebuildShortcut {
             int shortcutTo(int target) const override { return target >= 6 ? 6 : 0; }
             const std::vector<int>& reportingEvents() const override { return reporting; }
             void reportAgain(int, trelvin::Reporter& reporter) const override { reporter.report("again"); }
-            std::vector<int> reporting{3};
+            std::vector<int> reporting{3, 6};
             void restore(int event) override { restored.push_back(event); }
             std::vector<int> restored;
         };
@@ -132,8 +132,8 @@ private slots:
             std::vector<std::string> reports;
         };
         const Case cases[] = {
-            {0, 8, Range(7, 10), {6}, {"again", "failed"}},
-            {8, 8, {7, 8}, {6}, {"again", "failed"}},
+            {0, 8, Range(7, 10), {6}, {"again", "again", "failed"}},
+            {8, 8, {7, 8}, {6}, {"again", "again", "failed"}},
             // Stopped at a report before the kept state: reached from the first, without reports.
             {3, 2, Range(1, 3), {}, {"again"}},
         };
@@ -147,6 +147,16 @@ private slots:
             QCOMPARE(kept.restored, c.restored);
             QCOMPARE(r.reporter.texts, c.reports);
             QCOMPARE(r.playback.position(), std::int16_t(c.stopAt ? c.stopAt : 10));
+        }
+        // A jump, which does not follow the position on its way, also stays where it was stopped.
+        for (const int stopAt : {3, 8}) {
+            Replay r(10);
+            Kept kept;
+            r.playback.setRebuildShortcut(&kept);
+            r.playback.setRebuildProgress([&] { return std::make_unique<StopAt>(stopAt); });
+            trelvin::RecordingReporter quiet;
+            r.playback.jumpTo(10, quiet);
+            QCOMPARE(r.playback.position(), std::int16_t(stopAt));
         }
     }
 
