@@ -8,14 +8,19 @@
 #include <random>
 
 #include <QApplication>
+#include <QHelpEvent>
+#include <QImage>
+#include <QPainter>
 
 #include "history/replay_history.h"
 #include "panels/action_list_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
 #include "panels/timeline_strip.h"
+#include "playback/action_list.h"
 #include "playback/timeline.h"
 #include "shell/frm_main.h"
+#include "view/action_marks.h"
 
 namespace {
 
@@ -105,5 +110,68 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         slowestMove = std::max(slowestMove, medianMilliseconds(1, [&] { jumpAndPaint(event); }));
     }
     std::printf("%-28s %10.3f %s\n", "drag_slowest_move_ms", slowestMove, "ms (target < 16.7)");
+
+    // The current action marked: what the marks add to a redraw (choosing them and painting them
+    // over the map in view), and the whole redraw with them, at an attack.
+    const trelvin::ActionLog& log = window.session().history().log;
+    window.session().jumpTo(std::max(1, log.nearest(world.eventCount / 2, trelvin::EventKind::Attacks, true)));
+    window.grid->setFieldPixels(trelvin::MapGrid::kFieldPixels);
+    QImage view(window.grid->viewport()->size(), QImage::Format_RGB32);
+    trelvin::MapPainter painter;
+    trelvin::MapScene scene = window.grid->scene();
+    const double marksMs = medianMilliseconds(runs, [&] {
+        scene.marks = trelvin::MarkAction(world, window.session().position(), window.session().viewMode(),
+                                          int(scene.pictures.size()));
+        QPainter onto(&view);
+        painter.paintMarks(onto, scene, QPoint(20, 20), view.rect());
+    });
+    std::printf("%-28s %10.3f %s (%zu fields marked)\n", "highlight_added_ms", marksMs, "ms (target < 1)",
+                scene.marks.outlined.size());
+    const double markedRedrawMs = medianMilliseconds(runs, [&] {
+        window.grid->Zobraz();
+        window.grid->viewport()->repaint();
+    });
+    std::printf("%-28s %10.3f %s\n", "redraw_marked_ms", markedRedrawMs, "ms (target < 16)");
+
+    // Resting the pointer on the timeline: the text of the event under it, shown.
+    trelvin::Timeline& timeline = *window.timelineStrip->timeline;
+    std::uniform_int_distribution<int> along(0, std::max(0, timeline.width() - 1));
+    const double hoverMs = medianMilliseconds(runs, [&] {
+        const QPoint at(along(random), 10);
+        QHelpEvent help(QEvent::ToolTip, at, timeline.mapToGlobal(at));
+        QApplication::sendEvent(&timeline, &help);
+    });
+    std::printf("%-28s %10.3f %s\n", "timeline_hover_ms", hoverMs, "ms (target < 16)");
+
+    // The action list narrowed by a player or a search, and repainted.
+    trelvin::ActionList& list = *window.actionList;
+    const auto narrowed = [&](int times, auto&& narrow) {
+        return medianMilliseconds(times, [&] {
+            narrow();
+            list.repaint();
+        });
+    };
+    // The first search also makes the texts every later one reads.
+    const double firstSearchMs = narrowed(1, [&] { list.setSearch(QStringLiteral("Utok")); });
+    list.setSearch({});
+    const int players = int(window.session().history().players.names().size());
+    int player = 0;
+    const double playerMs = narrowed(runs, [&] { list.setPlayer(player++ % std::max(players, 1)); });
+    list.setPlayer(trelvin::ActionPlayers::kNobody);
+    std::uniform_int_distribution<int> field(0, world.mapWidth * world.mapHeight - 1);
+    const double fieldSearchMs = narrowed(runs, [&] {
+        const int k = field(random);
+        list.setSearch(QStringLiteral("%1%2").arg(QChar(u'A' + k % world.mapWidth)).arg(k / world.mapWidth));
+    });
+    bool other = false;
+    const double textSearchMs = narrowed(runs, [&] {
+        other = !other;
+        list.setSearch(other ? QStringLiteral("jednotek") : QStringLiteral("nakup"));
+    });
+    list.setSearch({});
+    std::printf("%-28s %10.3f %s\n", "list_first_search_ms", firstSearchMs, "ms (target < 16)");
+    std::printf("%-28s %10.3f %s\n", "list_filter_player_ms", playerMs, "ms (target < 16)");
+    std::printf("%-28s %10.3f %s\n", "list_search_field_ms", fieldSearchMs, "ms (target < 16)");
+    std::printf("%-28s %10.3f %s\n", "list_search_text_ms", textSearchMs, "ms (target < 16)");
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

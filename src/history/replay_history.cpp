@@ -8,6 +8,7 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
     ReplayHistory history;
     WorldState scratch = world;
     for (int index = 1; index <= scratch.lastEventIndex(); ++index) {
+        history.players.record(scratch, index);
         RecordingReporter reporter;
         ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
         history.log.record(scratch, index, std::move(reporter.texts));

@@ -6,7 +6,7 @@ namespace trelvin {
 
 ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : ActionList(parent) {
     connect(&session, &ReplaySession::opened, this, [this, &session] {
-        showReplay(&session.history().log);
+        showReplay(&session.history().log, &session.history().players);
         setPosition(session.position());
     });
     connect(&session, &ReplaySession::positionChanged, this, &ActionList::setPosition);

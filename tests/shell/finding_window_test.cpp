@@ -82,6 +82,29 @@ private slots:
         QCOMPARE(t.messages.texts.size(), 1);
     }
 
+    void theStatusLineTellsTheLastJumpOnlyUntilTheNextMoveOrOpen() {
+        Window t;
+        t.open("dobyti.trp", kCapture);
+        frmMain& w = *t.window;
+        const auto status = [&w] { return w.statusBar()->currentMessage(); };
+        w.mnuPrejit->nextFailure->trigger();
+        QVERIFY2(status().startsWith("Akce 5: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        t.controls.cmdBack_Click();
+        QCOMPARE(status(), QString());
+        w.session().jumpTo(6);
+        QVERIFY2(status().startsWith("Akce 6: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        t.controls.cmdForw_Click();
+        QCOMPARE(status(), QString());
+        w.mnuPrejit->nextCapture->trigger();  // none after the last: said, until the next move
+        QCOMPARE(status(), QString("Dale uz zadna takova akce neni"));
+        t.controls.cmdBegin_Click();
+        QCOMPARE(status(), QString());
+        w.session().jumpTo(3);
+        QCOMPARE(status(), QString("Akce 3"));
+        t.open("alfa.trp", kAlfa);
+        QCOMPARE(status(), QString());
+    }
+
     void thePromptAnswersBadNumbersItself() {
         Window t;
         t.activate();

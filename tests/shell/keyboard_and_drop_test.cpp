@@ -1,5 +1,6 @@
 // The window's keys, a dropped file and the field tooltip: each key presses exactly the button
 // of the mode shown and nothing when that button is disabled; text fields keep their keys.
+#include "panels/help_menu.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -62,6 +63,27 @@ private slots:
             for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());
             QCOMPARE(field->text(), QString("B1 "));
         }
+    }
+
+    // Napoveda -> Klavesy (F1) lists every key the window has.
+    void theKeyTableNamesEveryKeyOfTheWindow() {
+        Window t;
+        QList<QKeySequence> listed;
+        for (const trelvin::KeyRow& row : trelvin::KeyTable()) listed += row.sequences;
+        QStringList missing;
+        for (const QAction* action : t.window->findChildren<QAction*>())
+            for (const QKeySequence& key : action->shortcuts())
+                if (!listed.contains(key)) missing << action->text() + ": " + key.toString();
+        for (const QShortcut* shortcut : t.window->findChildren<QShortcut*>())
+            if (!listed.contains(shortcut->key())) missing << shortcut->key().toString();
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(", ")));
+        QCOMPARE(t.window->mnuNapoveda->keysAction->shortcut(), QKeySequence(Qt::Key_F1));
+        t.window->mnuNapoveda->keysAction->trigger();
+        auto* table = t.window->findChild<QDialog*>("keyTable")->findChild<QTableWidget*>();
+        QCOMPARE(table->rowCount(), int(trelvin::KeyTable().size()));
+        QCOMPARE(table->item(0, 0)->text(), QString("Sipka vpravo / vlevo"));
+        t.window->mnuNapoveda->keysAction->trigger();  // one table at a time
+        QCOMPARE(t.window->findChildren<QDialog*>("keyTable").size(), 1);
     }
 
     void droppedFileRunsTheOpenFlowWithoutTheDialog() {
