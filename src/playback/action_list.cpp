@@ -30,7 +30,7 @@ QString playerName(const ActionPlayers& players, int player) {
 }
 
 // The whole of one event: its number, time and keyword, its description, who it was by and on
-// whose field, and what it reported.
+// whose field (when another's), and what it reported.
 QString detailOf(const ActionLog& log, const ActionPlayers* players, int event) {
     const LoggedEvent& e = log.event(event);
     QString html = QStringLiteral("<b>Akce %1</b> &middot; %2 &middot; %3")
@@ -40,10 +40,10 @@ QString detailOf(const ActionLog& log, const ActionPlayers* players, int event) 
             QStringLiteral("</p>");
     if (players && event <= players->size()) {
         QStringList who;
-        if (players->actor(event) != ActionPlayers::kNobody)
-            who << QStringLiteral("Hral: ") + playerName(*players, players->actor(event)).toHtmlEscaped();
-        if (players->reached(event) != ActionPlayers::kNobody)
-            who << QStringLiteral("Zasahla hrace: ") + playerName(*players, players->reached(event)).toHtmlEscaped();
+        const int actor = players->actor(event), reached = players->reached(event);
+        if (actor != ActionPlayers::kNobody) who << QStringLiteral("Hrac: ") + playerName(*players, actor).toHtmlEscaped();
+        if (reached != ActionPlayers::kNobody && reached != actor)
+            who << QStringLiteral("Na poli hrace: ") + playerName(*players, reached).toHtmlEscaped();
         if (!who.isEmpty()) html += QStringLiteral("<p>") + who.join(QStringLiteral(" &middot; ")) + QStringLiteral("</p>");
     }
     for (const std::string& message : e.messages)
@@ -192,13 +192,17 @@ void ActionTable::paintEvent(QPaintEvent* event) {
     }
     if (hereRow_ < 0) return;
     // A line between the rows around the current action, with its number at the right.
-    const int y = hereRow_ < rows ? rowViewportPosition(hereRow_)
-                                  : (rows > 0 ? rowViewportPosition(rows - 1) + rowHeight(rows - 1) : 0);
+    const int below = hereRow_ < rows ? rowViewportPosition(hereRow_)
+                                      : (rows > 0 ? rowViewportPosition(rows - 1) + rowHeight(rows - 1) : 0);
+    // Kept inside the view, with its label, where the rows end at its edge.
+    const int y = std::clamp(below, 1, std::max(1, viewport()->height() - 2));
     const QColor colour = palette().color(QPalette::Highlight);
     painter.fillRect(QRect(0, y - 1, viewport()->width(), 3), colour);
     const QString text = QStringLiteral("zde je akce %1").arg(hereEvent_);
-    const QRect label(viewport()->width() - fontMetrics().horizontalAdvance(text) - 12, y - fontMetrics().height() / 2 - 1,
-                      fontMetrics().horizontalAdvance(text) + 8, fontMetrics().height() + 2);
+    const QSize size(fontMetrics().horizontalAdvance(text) + 8, fontMetrics().height() + 2);
+    const QRect label(QPoint(viewport()->width() - size.width() - 4,
+                             std::clamp(y - size.height() / 2, 0, std::max(0, viewport()->height() - size.height()))),
+                      size);
     painter.fillRect(label, colour);
     painter.setPen(palette().color(QPalette::HighlightedText));
     painter.drawText(label, Qt::AlignCenter, text);
@@ -250,6 +254,9 @@ ActionList::ActionList(QWidget* parent)
                            table_->fontMetrics().horizontalAdvance(QStringLiteral("end_hld_fire")) + 12);
     detail_->setOpenLinks(false);
     detail_->setPlaceholderText(QStringLiteral("Popis vybrane akce"));
+    detail_->document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 0px; }"));
+    // Room for a description of four lines, who played and one message.
+    detail_->setMinimumHeight(detail_->fontMetrics().lineSpacing() * 7 + 2 * detail_->frameWidth());
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -261,7 +268,7 @@ ActionList::ActionList(QWidget* parent)
     auto* split = new QSplitter(Qt::Vertical, this);
     split->addWidget(table_);
     split->addWidget(detail_);
-    split->setStretchFactor(0, 3);
+    split->setStretchFactor(0, 2);
     split->setStretchFactor(1, 1);
     split->setChildrenCollapsible(false);
     layout->addWidget(split, 1);

@@ -22,6 +22,9 @@ constexpr int kSmallestLegibleCaption = 6;
 // Colours that no field picture has, seen on dark and light fields alike.
 constexpr QRgb kMarkColour = qRgb(255, 0, 220);
 constexpr QRgb kCaptureColour = qRgb(210, 0, 0);
+constexpr QRgb kMarkEdgeColour = qRgb(0, 0, 0);
+// On smaller fields the arrow's dark edge would cover more than the arrow.
+constexpr int kSmallestEdgedArrow = 12;
 
 QRect fieldSquare(int k, int columns, QPoint gridCorner, int size) {
     const int row = (k - 1) / columns, column = (k - 1) % columns;
@@ -38,8 +41,8 @@ void outline(QPainter& painter, const QRect& square, int width, QColor colour) {
     painter.fillRect(QRect(inner.right() + 1, inner.top(), width, inner.height()), colour);
 }
 
-// A line from the centre of one square to the centre of the other, whose head ends there; the
-// head stays within the target's square.
+// A line from the centre of one square to the centre of the other, whose head ends there, with
+// a dark edge that sets it off from the outlines and the pictures; it stays within the squares.
 void arrow(QPainter& painter, const QRect& from, const QRect& to, int size, QColor colour) {
     const QPointF start = QRectF(from).center(), tip = QRectF(to).center();
     const QPointF along = tip - start;
@@ -48,11 +51,18 @@ void arrow(QPainter& painter, const QRect& from, const QRect& to, int size, QCol
     const QPointF unit = along / length, across(-unit.y(), unit.x());
     const double head = std::max(3.0, size * 0.45);
     const QPointF base = tip - unit * head;
-    painter.setPen(QPen(colour, std::max(1, size / 8), Qt::SolidLine, Qt::FlatCap));
-    painter.drawLine(start, base);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
-    painter.drawPolygon(QPolygonF({tip, base + across * (head / 2), base - across * (head / 2)}));
+    const QPolygonF point({tip, base + across * (head / 2), base - across * (head / 2)});
+    const int width = std::max(1, size / 8);
+    const bool edged = size >= kSmallestEdgedArrow;
+    for (const bool edge : {true, false}) {
+        if (edge && !edged) continue;
+        const QColor shade = edge ? QColor(kMarkEdgeColour) : colour;
+        painter.setPen(QPen(shade, edge ? width + 2 : width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.drawLine(start, base);
+        painter.setPen(edge ? QPen(shade, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin) : Qt::NoPen);
+        painter.setBrush(shade);
+        painter.drawPolygon(point);
+    }
 }
 
 }  // namespace
@@ -144,8 +154,6 @@ void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gri
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const int k : marks.outlined) outline(painter, square(k), width, QColor(kMarkColour));
-    if (marks.arrowFrom != 0 && marks.arrowTo != 0)
-        arrow(painter, square(marks.arrowFrom), square(marks.arrowTo), size, QColor(kMarkColour));
     if (marks.capturedHeadquarters != 0) {
         // A cross over the fallen headquarters, inside a frame of its own colour.
         const QRect fallen = square(marks.capturedHeadquarters);
@@ -157,6 +165,9 @@ void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gri
             painter.drawLine(inside.topRight(), inside.bottomLeft());
         }
     }
+    // Over the cross, so the attack that took the headquarters still shows where it came from.
+    if (marks.arrowFrom != 0 && marks.arrowTo != 0)
+        arrow(painter, square(marks.arrowFrom), square(marks.arrowTo), size, QColor(kMarkColour));
     painter.restore();
 }
 
@@ -169,7 +180,7 @@ QRect MapPainter::marksRect(const MapScene& scene, QPoint gridCorner) const {
     return united;
 }
 
-std::vector<QRgb> MapPainter::MarkColours() { return {kMarkColour, kCaptureColour}; }
+std::vector<QRgb> MapPainter::MarkColours() { return {kMarkColour, kCaptureColour, kMarkEdgeColour}; }
 
 QSize MapPainter::sceneSize(const MapScene& scene, bool captions) const {
     const int band = captions && scene.hasCaptions() ? fieldPixels_ : 0;

@@ -229,7 +229,7 @@ private slots:
         QCOMPARE(list.table()->currentIndex().row(), 0);
         // The whole of the selected action: its description, who played and whose field it reached.
         const QString detail = list.detail()->toPlainText();
-        for (const char* part : {"Akce 6", "Utok se zdaril", "Dobyto veleni hrace Jana", "Hral: Karel", "Zasahla hrace: Jana"})
+        for (const char* part : {"Akce 6", "Utok se zdaril", "Dobyto veleni hrace Jana", "Hrac: Karel", "Na poli hrace: Jana"})
             QVERIFY2(detail.contains(part), qPrintable(detail));
         const QString tip = list.table()->model()->index(0, 3).data(Qt::ToolTipRole).toString();
         QVERIFY2(tip.contains("Dobyto veleni hrace Jana"), qPrintable(tip));
