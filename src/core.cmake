@@ -21,6 +21,7 @@ add_library(trelvin_core STATIC
   view/grid_layout.cpp
   view/action_marks.cpp
   history/action_log.cpp
+  history/keyframes.cpp
   history/replay_history.cpp
   history/action_players.cpp
 )

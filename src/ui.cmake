@@ -12,6 +12,7 @@ add_library(trelvin_ui STATIC
   playback/player_texts.cpp
   playback/timeline.cpp
   playback/action_search.cpp
+  playback/action_row_delegate.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
   export/export_options.cpp
@@ -21,6 +22,7 @@ add_library(trelvin_ui STATIC
   export/webp_writer.cpp
   export/map_export.cpp
   export/export_command_line.cpp
+  session/keyframe_shortcut.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp
@@ -33,9 +35,9 @@ add_library(trelvin_ui STATIC
   panels/timeline_strip.cpp
   panels/action_list_panel.cpp
   panels/export_dialog.cpp
-  shell/frm_main.cpp
   panels/jump_menu.cpp
   panels/help_menu.cpp
+  shell/frm_main.cpp
   shell/open_flow.cpp
   shell/window_fit.cpp
   shell/designed_fonts.cpp

@@ -4,6 +4,7 @@
 // whole game at once is built in the same pass.
 #include "history/action_log.h"
 #include "history/action_players.h"
+#include "history/keyframes.h"
 #include "model/world_state.h"
 
 namespace trelvin {
@@ -11,6 +12,7 @@ namespace trelvin {
 struct ReplayHistory {
     ActionLog log;
     ActionPlayers players;
+    Keyframes keyframes;
 
     // Applies the loaded events 1 .. the last in the list to a copy of `world`.
     static ReplayHistory Build(const WorldState& world);
