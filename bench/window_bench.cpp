@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QMouseEvent>
 
+#include "bridge/core_text.h"
+#include "model/field_addressing.h"
 #include "panels/action_list_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
@@ -220,11 +222,9 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     int player = 0;
     const double playerMs = narrowed(runs, [&] { list.setPlayer(player++ % std::max(players, 1)); });
     list.setPlayer(trelvin::ActionPlayers::kNobody);
-    std::uniform_int_distribution<int> field(0, world.mapWidth * world.mapHeight - 1);
-    const double fieldSearchMs = narrowed(runs, [&] {
-        const int k = field(random);
-        list.setSearch(QStringLiteral("%1%2").arg(QChar(u'A' + k % world.mapWidth)).arg(k / world.mapWidth));
-    });
+    std::uniform_int_distribution<int> field(1, world.mapWidth * world.mapHeight);
+    const double fieldSearchMs =
+        narrowed(runs, [&] { list.setSearch(trelvin::FromCore(trelvin::FieldName(world, field(random)))); });
     bool other = false;
     const double textSearchMs = narrowed(runs, [&] {
         other = !other;

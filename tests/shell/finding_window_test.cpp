@@ -1,6 +1,9 @@
 // Finding one's way through a replay in the window: a jump leaves exactly what the steps leave
 // on the screen, the jump keys find their events, a jump across failing events puts their
 // messages on the status line instead of message boxes, and the prompt answers bad numbers itself.
+#include <QApplication>
+#include <QLabel>
+
 #include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
 #include "panels/jump_menu.h"
@@ -110,6 +113,7 @@ private slots:
         t.activate();
         t.open("dobyti.trp", kCapture);
         QStringList problems;
+        std::vector<std::pair<int, int>> heights;  // each answer's height, and the height its text needs
         int rounds = 0;
         const std::function<void()> answer = [&] {
             auto* prompt = t.window->findChild<trelvin::JumpPrompt*>();
@@ -118,6 +122,10 @@ private slots:
                 prompt->entry()->setText(entry);
                 QTest::keyClick(prompt->entry(), Qt::Key_Return);
                 problems << prompt->problem()->text();
+                // The answer wraps; the prompt grows to hold all its lines.
+                QApplication::processEvents();
+                const QLabel& problem = *prompt->problem();
+                heights.emplace_back(problem.height(), problem.heightForWidth(problem.width()));
             }
             prompt->entry()->setText(++rounds == 1 ? "4" : "2");
             QTest::keyClick(prompt->entry(), rounds == 1 ? Qt::Key_Return : Qt::Key_Escape);
@@ -129,6 +137,7 @@ private slots:
         QVERIFY2(problems[0].contains("abc"), qPrintable(problems[0]));
         QVERIFY2(problems[1].contains("99"), qPrintable(problems[1]));
         QVERIFY2(problems[2].contains("od 1 do 7"), qPrintable(problems[2]));
+        for (const auto& [height, needed] : heights) QVERIFY2(height >= needed, qPrintable(QString("%1 < %2").arg(height).arg(needed)));
         QTimer::singleShot(0, answer);
         t.window->mnuPrejit->jumpToAction->trigger();  // Escape: nowhere
         QCOMPARE(t.window->session().position(), 4);
