@@ -55,8 +55,8 @@ QString detailOf(const ActionLog& log, const ActionPlayers* players, int event) 
 }  // namespace
 
 // The rows of the list: the events of one kind, of one player and found by the search, as
-// indexes into the log. Texts are made for the rows on screen only; the search texts once,
-// when first searched.
+// indexes into the log. Texts are made for the rows on screen only; the search texts once, when
+// the replay is shown, so that no keystroke of a search waits for them.
 class ActionListModel : public QAbstractTableModel {
 public:
     enum Column { Number, Time, Keyword, Summary, ColumnCount };
@@ -69,6 +69,13 @@ public:
         players_ = players;
         player_ = ActionPlayers::kNobody;
         searchTexts_.clear();
+        if (log_) {
+            searchTexts_.reserve(std::size_t(log_->size()));
+            for (int i = 1; i <= log_->size(); ++i) {
+                const LoggedEvent& e = log_->event(i);
+                searchTexts_.push_back(FromCore(e.keyword + " " + e.description + " " + e.subjects));
+            }
+        }
         refilter();
         endResetModel();
     }
@@ -145,13 +152,6 @@ private:
     void refilter() {
         events_.clear();
         if (!log_) return;
-        if (!search_.isEmpty() && searchTexts_.empty()) {
-            searchTexts_.reserve(std::size_t(log_->size()));
-            for (int i = 1; i <= log_->size(); ++i) {
-                const LoggedEvent& e = log_->event(i);
-                searchTexts_.push_back(FromCore(e.keyword + " " + e.description + " " + e.subjects));
-            }
-        }
         const bool byPlayer = player_ != ActionPlayers::kNobody && players_;
         for (int i = 1; i <= log_->size(); ++i) {
             if (!log_->isOfKind(i, kind_)) continue;
