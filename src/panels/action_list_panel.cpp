@@ -5,6 +5,7 @@
 namespace trelvin {
 
 ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : ActionList(parent) {
+    connect(&session, &ReplaySession::replacing, this, [this] { showReplay(nullptr, nullptr); });
     connect(&session, &ReplaySession::opened, this, [this, &session] {
         showReplay(&session.history().log, &session.history().players);
         setPosition(session.position());

@@ -27,6 +27,7 @@ TimelineStrip::TimelineStrip(ReplaySession& session, QWidget* parent) : QWidget(
     row->addWidget(lblPosition);
     row->addWidget(lblTime);
 
+    connect(&session, &ReplaySession::replacing, this, [this] { timeline->showReplay(session_.history().log, 0); });
     connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
         timeline->showReplay(session_.history().log, eventCount);
         followPosition();

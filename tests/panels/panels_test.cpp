@@ -249,6 +249,22 @@ private slots:
         QVERIFY2(list.detail()->toPlainText().contains("Chyba pri provadeni tahu"), qPrintable(list.detail()->toPlainText()));
     }
 
+    // While another replay opens, anything that redraws before its history is built must not
+    // show rows of the replay it replaces from a history that is gone.
+    void theListAndTheTimelineLetGoOfAReplayBeingReplaced() {
+        Session t;
+        trelvin::ActionListPanel list(t.session, nullptr);
+        trelvin::TimelineStrip strip(t.session, nullptr);
+        t.open(kCapture);
+        std::vector<std::pair<int, int>> shownWhileOpening;  // the list's rows, the timeline's last event
+        connect(&t.session, &trelvin::ReplaySession::replacing, this, [&] {
+            shownWhileOpening.emplace_back(list.table()->model()->rowCount(), strip.timeline->visibleRange().second);
+        }, Qt::DirectConnection);
+        t.open(kAlfa);
+        QCOMPARE(shownWhileOpening, (std::vector<std::pair<int, int>>{{0, 0}}));
+        QCOMPARE(list.shownEvents(), Range(1, 7));
+    }
+
     void theTimelineZoomsAroundThePointerThinsItsTicksAndTellsTheEventUnderIt() {
         Session t;
         trelvin::TimelineStrip strip(t.session, nullptr);
