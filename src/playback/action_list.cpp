@@ -71,10 +71,7 @@ public:
         searchTexts_.clear();
         if (log_) {
             searchTexts_.reserve(std::size_t(log_->size()));
-            for (int i = 1; i <= log_->size(); ++i) {
-                const LoggedEvent& e = log_->event(i);
-                searchTexts_.push_back(FromCore(e.keyword + " " + e.description + " " + e.subjects));
-            }
+            for (int i = 1; i <= log_->size(); ++i) searchTexts_.push_back(searchText(i).toCaseFolded());
         }
         refilter();
         endResetModel();
@@ -156,9 +153,20 @@ private:
         for (int i = 1; i <= log_->size(); ++i) {
             if (!log_->isOfKind(i, kind_)) continue;
             if (byPlayer && !players_->concerns(i, player_)) continue;
-            if (!search_.isEmpty() && !search_.matches(searchTexts_[std::size_t(i - 1)])) continue;
+            if (!search_.isEmpty() && !found(i)) continue;
             events_.push_back(i);
         }
+    }
+
+    // What the search looks in: the event's keyword, its description and the names it mentions.
+    QString searchText(int event) const {
+        const LoggedEvent& e = log_->event(event);
+        return FromCore(e.keyword + " " + e.description + " " + e.subjects);
+    }
+    bool found(int event) const {
+        if (!search_.mayMatchFolded(searchTexts_[std::size_t(event - 1)])) return false;
+        // Few rows name a field in any case; their own text tells whether in this one.
+        return !search_.namesField() || search_.matches(searchText(event));
     }
 
     const ActionLog* log_ = nullptr;
@@ -167,7 +175,7 @@ private:
     int player_ = ActionPlayers::kNobody;
     ActionSearch search_;
     std::vector<int> events_;
-    std::vector<QString> searchTexts_;
+    std::vector<QString> searchTexts_;  // case-folded
 };
 
 void ActionTable::setHere(int row, int event) {

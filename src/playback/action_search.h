@@ -15,9 +15,17 @@ public:
     // Whether the text is looked for as a field's name.
     bool namesField() const { return namesField_; }
     bool matches(const QString& rowText) const;
+    // The same asked of a row's text case-folded, which the list keeps because a search in any
+    // case is much quicker there: exact for other text; for a field's name true also where the
+    // name stands in another case, so the row's own text must then decide.
+    bool mayMatchFolded(const QString& foldedRowText) const;
 
 private:
+    // Where `text` stands in `rowText` as a whole field name.
+    static bool standsAlone(const QString& rowText, const QString& text);
+
     QString text_;
+    QString folded_;
     bool namesField_ = false;
 };
 
