@@ -9,14 +9,21 @@
 #include <vector>
 
 #include <QApplication>
+#include <QHelpEvent>
+#include <QImage>
+#include <QPainter>
 #include <QMouseEvent>
 
+#include "bridge/core_text.h"
+#include "model/field_addressing.h"
 #include "panels/action_list_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
 #include "panels/timeline_strip.h"
+#include "playback/action_list.h"
 #include "playback/timeline.h"
 #include "shell/frm_main.h"
+#include "view/action_marks.h"
 
 namespace {
 
@@ -167,6 +174,69 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         drag.add(timedMove([&] { mouse(QEvent::MouseMove, (bar->width() - 1) * move / 60); }));
     mouse(QEvent::MouseButtonRelease, bar->width() - 1);
     drag.printSlowest("drag_slowest_ms", "ms (target < 8)");
+
+    // The current action marked: what the marks add to a redraw (choosing them and painting them
+    // over the map in view), and the whole redraw with them, at an attack.
+    const trelvin::ActionLog& log = window.session().history().log;
+    window.session().jumpTo(std::max(1, log.nearest(world.eventCount / 2, trelvin::EventKind::Attacks, true)));
+    window.grid->setFieldPixels(trelvin::MapGrid::kFieldPixels);
+    // Painted onto an image around the marks, so that they are drawn wherever the attack is.
+    trelvin::MapPainter painter;
+    trelvin::MapScene scene = window.grid->scene();
+    const auto markAction = [&] {
+        scene.marks = trelvin::MarkAction(world, window.session().position(), window.session().viewMode(),
+                                          int(scene.pictures.size()));
+    };
+    markAction();
+    const QRect marked = painter.marksRect(scene, QPoint(0, 0));
+    QImage around(marked.size().grownBy({10, 10, 10, 10}), QImage::Format_RGB32);
+    const double marksMs = medianMilliseconds(runs, [&] {
+        markAction();
+        QPainter onto(&around);
+        painter.paintMarks(onto, scene, QPoint(10, 10) - marked.topLeft(), around.rect());
+    });
+    std::printf("%-28s %10.3f %s (%zu fields marked)\n", "highlight_added_ms", marksMs, "ms (target < 1)",
+                scene.marks.outlined.size());
+    const double markedRedrawMs = medianMilliseconds(runs, [&] {
+        window.grid->Zobraz();
+        window.grid->viewport()->repaint();
+    });
+    std::printf("%-28s %10.3f %s\n", "redraw_marked_ms", markedRedrawMs, "ms (target < 16)");
+
+    // Resting the pointer on the timeline: the text of the event under it, shown.
+    trelvin::Timeline& timeline = *window.timelineStrip->timeline;
+    std::uniform_int_distribution<int> along(0, std::max(0, timeline.width() - 1));
+    const double hoverMs = medianMilliseconds(runs, [&] {
+        const QPoint at(along(random), 10);
+        QHelpEvent help(QEvent::ToolTip, at, timeline.mapToGlobal(at));
+        QApplication::sendEvent(&timeline, &help);
+    });
+    std::printf("%-28s %10.3f %s\n", "timeline_hover_ms", hoverMs, "ms (target < 16)");
+
+    // The action list narrowed by a player or a search, with the paint that follows, as the
+    // user waits for it.
+    trelvin::ActionList& list = *window.actionList;
+    const auto narrowings = [&](int times, auto&& narrow) {
+        Moves moves;
+        for (int i = 0; i < times; ++i) moves.add(timedMove(narrow));
+        return moves;
+    };
+    narrowings(1, [&] { list.setSearch(QStringLiteral("Utok")); }).printMedian("list_first_search_ms", "ms (target < 16)");
+    list.setSearch({});
+    const int players = int(window.session().history().players.names().size());
+    int player = 0;
+    narrowings(kRandomMoves, [&] { list.setPlayer(player++ % std::max(players, 1)); })
+        .printMedian("list_filter_player_ms", "ms (target < 16)");
+    list.setPlayer(trelvin::ActionPlayers::kNobody);
+    std::uniform_int_distribution<int> field(1, world.mapWidth * world.mapHeight);
+    narrowings(kRandomMoves, [&] { list.setSearch(trelvin::FromCore(trelvin::FieldName(world, field(random)))); })
+        .printMedian("list_search_field_ms", "ms (target < 16)");
+    bool other = false;
+    narrowings(kRandomMoves, [&] {
+        other = !other;
+        list.setSearch(other ? QStringLiteral("jednotek") : QStringLiteral("nakup"));
+    }).printMedian("list_search_text_ms", "ms (target < 16)");
+    list.setSearch({});
 
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

@@ -19,8 +19,10 @@ add_library(trelvin_core STATIC
   view/forward_steps.cpp
   view/field_details.cpp
   view/grid_layout.cpp
+  view/action_marks.cpp
   history/action_log.cpp
   history/keyframes.cpp
   history/replay_history.cpp
+  history/action_players.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

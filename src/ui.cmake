@@ -11,6 +11,7 @@ add_library(trelvin_ui STATIC
   playback/position_texts.cpp
   playback/player_texts.cpp
   playback/timeline.cpp
+  playback/action_search.cpp
   playback/action_row_delegate.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
@@ -28,12 +29,14 @@ add_library(trelvin_ui STATIC
   panels/description_strip.cpp
   panels/view_mode_panel.cpp
   panels/player_panel.cpp
+  panels/fitting_label.cpp
   panels/field_panel.cpp
   panels/map_panel.cpp
   panels/timeline_strip.cpp
   panels/action_list_panel.cpp
   panels/export_dialog.cpp
   panels/jump_menu.cpp
+  panels/help_menu.cpp
   shell/frm_main.cpp
   shell/open_flow.cpp
   shell/window_fit.cpp

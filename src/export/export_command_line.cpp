@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kUsage =
     "usage: trelvin-export FILE --at N [--to M] [--view all|les|louka] [--field PX]\n"
-    "                      [--labels] [--caption] [--delay MS] -o OUT\n";
+    "                      [--labels] [--caption] [--highlight] [--delay MS] -o OUT\n";
 
 constexpr const char* kHelp =
     "Exports the map of a Trelvin replay as the viewer shows it: the picture of action N as a\n"
@@ -25,6 +25,8 @@ constexpr const char* kHelp =
     "  --field PX           pixels a field, 2 to 80 (20)\n"
     "  --labels             the column letters and row numbers\n"
     "  --caption            a strip under the map: the action, its date and time, its description\n"
+    "  --highlight          the action's fields outlined, an arrow from field to field and a\n"
+    "                       cross on a captured headquarters, as far as the view can see them\n"
     "  --delay MS           milliseconds a frame, 20 to 60000 (200)\n"
     "  -o, --output OUT     the file to write\n"
     "  -h, --help           print this help\n"
@@ -89,7 +91,8 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
         {"--output", [&](const std::string&, const std::string& v) { result.output = v; return std::string(); }},
     };
     const std::map<std::string, bool PictureOptions::*> flags{{"--labels", &PictureOptions::labels},
-                                                              {"--caption", &PictureOptions::caption}};
+                                                              {"--caption", &PictureOptions::caption},
+                                                              {"--highlight", &PictureOptions::highlight}};
     bool optionsEnded = false;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         std::string argument = arguments[i];

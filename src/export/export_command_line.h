@@ -2,7 +2,7 @@
 // trelvin-export's command line, read before Qt starts, so that --help, --version and a wrong
 // argument are answered without a display or Qt's platform plugins:
 //   trelvin-export FILE --at N [--to M] [--view all|les|louka] [--field PX] [--labels]
-//                  [--caption] [--delay MS] -o OUT
+//                  [--caption] [--highlight] [--delay MS] -o OUT
 #include <optional>
 #include <string>
 #include <vector>

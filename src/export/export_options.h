@@ -18,6 +18,7 @@ struct PictureOptions {
     int fieldPixels = MapPainter::kNaturalFieldPixels;
     bool labels = false;   // the column letters and row numbers
     bool caption = false;  // the strip under the map: the action, its date and time, its description
+    bool highlight = false;  // the action's marks over the map
 };
 
 // The field sizes an export accepts, as the window's zoom does.

@@ -51,7 +51,7 @@ bool MapFrames::start(int action, TaskProgress* progress, int total) {
         if (progress && !progress->keepGoing(std::uint64_t(steps_.position()), std::uint64_t(total))) return false;
         steps_.forward();
     }
-    scene_.pictures = steps_.redraw();
+    redraw();
     QPainter painter(&image_);
     painter_.paintScene(painter, scene_, options_.labels, palette_, mapRect_);
     painter.end();
@@ -60,26 +60,36 @@ bool MapFrames::start(int action, TaskProgress* progress, int total) {
     return true;
 }
 
+void MapFrames::redraw() {
+    scene_.pictures = steps_.redraw();
+    if (options_.highlight)
+        scene_.marks = MarkAction(world_, steps_.position(), options_.view, static_cast<int>(scene_.pictures.size()));
+}
+
 void MapFrames::next() {
-    steps_.forward();
-    std::vector<int> pictures = steps_.redraw();
-    // The block of fields whose picture changed.
+    const std::vector<int> before = scene_.pictures;
+    const int size = painter_.fieldPixels();
     const int columns = scene_.columns;
+    const QPoint gridCorner(mapRect_.width() - columns * size, mapRect_.width() - columns * size);
+    // The last action's marks are painted over, the next one's painted.
+    changed_ = painter_.marksRect(scene_, gridCorner);
+    steps_.forward();
+    redraw();
+    changed_ |= painter_.marksRect(scene_, gridCorner);
+    // The block of fields whose picture changed.
     int top = scene_.rows(), bottom = -1, left = columns, right = -1;
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        if (pictures[i] == scene_.pictures[i]) continue;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        if (before[i] == scene_.pictures[i]) continue;
         const int row = int(i) / columns, column = int(i) % columns;
         top = std::min(top, row);
         bottom = std::max(bottom, row);
         left = std::min(left, column);
         right = std::max(right, column);
     }
-    scene_.pictures = std::move(pictures);
-    changed_ = QRect();
-    if (bottom >= 0) {
-        const int size = painter_.fieldPixels();
-        const int band = mapRect_.width() - columns * size;
-        changed_ = QRect(band + left * size, band + top * size, (right - left + 1) * size, (bottom - top + 1) * size);
+    if (bottom >= 0)
+        changed_ |= QRect(gridCorner.x() + left * size, gridCorner.y() + top * size, (right - left + 1) * size,
+                          (bottom - top + 1) * size);
+    if (!changed_.isEmpty()) {
         QPainter painter(&image_);
         painter_.paintScene(painter, scene_, options_.labels, palette_, changed_);
     }
@@ -107,13 +117,15 @@ std::vector<QRgb> MapFrames::colours() {
     std::vector<std::pair<int, QRgb>> byUse;
     for (const auto& [colour, count] : counts) byUse.emplace_back(-count, colour);
     std::sort(byUse.begin(), byUse.end());
-    // The bands and the letters first: they cover whole strips of a frame.
+    // The bands and the letters first: they cover whole strips of a frame; then the marks.
     std::vector<QRgb> result;
     const auto add = [&result](QRgb colour) {
         if (std::find(result.begin(), result.end(), colour) == result.end()) result.push_back(colour);
     };
     add(palette_.color(QPalette::Window).rgb());
     add(palette_.color(QPalette::WindowText).rgb());
+    if (options_.highlight)
+        for (const QRgb colour : MapPainter::MarkColours()) add(colour);
     for (const auto& [count, colour] : byUse) add(colour);
     return result;
 }

@@ -39,8 +39,9 @@ public:
     std::vector<QRgb> colours();
 
 private:
-    QRect fieldsRect(int firstField, int lastField) const;
     void paintCaption();
+    // The redraw of the action reached: every field's picture, and the marks when asked for.
+    void redraw();
 
     WorldState world_;
     PictureOptions options_;

@@ -22,6 +22,7 @@ void ActionLog::record(const WorldState& world, int index, std::vector<std::stri
     entry.keyword = applied.action;
     entry.action = ActionOf(applied.action);
     entry.summary = firstLine(world.actionText);
+    entry.description = world.actionText;
     entry.subjects = applied.place + " " + applied.target + " " + applied.playerName;
     entry.messages = std::move(messages);
     // Event 1 creates the world and empties the players; a later one can only remove them.

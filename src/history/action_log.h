@@ -16,6 +16,7 @@ struct LoggedEvent {
     std::string keyword;   // Windows-1250, as in the file
     Action action = Action::Other;
     std::string summary;   // the first line of the description
+    std::string description;  // the whole description, its lines joined by CR LF
     std::string subjects;  // the fields and players it names, blank-separated
     std::vector<std::string> messages;  // what applying it reported, in order
     bool headquartersTaken = false;     // a player left the game with it

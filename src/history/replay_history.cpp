@@ -9,6 +9,7 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
     WorldState scratch = world;
     history.keyframes = Keyframes(scratch);
     for (int index = 1; index <= scratch.lastEventIndex(); ++index) {
+        history.players.record(scratch, index);
         RecordingReporter reporter;
         ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
         history.log.record(scratch, index, std::move(reporter.texts));

@@ -5,8 +5,9 @@
 namespace trelvin {
 
 ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : ActionList(parent) {
+    connect(&session, &ReplaySession::replacing, this, [this] { showReplay(nullptr, nullptr); });
     connect(&session, &ReplaySession::opened, this, [this, &session] {
-        showReplay(&session.history().log);
+        showReplay(&session.history().log, &session.history().players);
         setPosition(session.position());
     });
     connect(&session, &ReplaySession::positionChanged, this, &ActionList::setPosition);

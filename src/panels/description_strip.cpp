@@ -15,19 +15,16 @@ namespace trelvin {
 namespace {
 
 // The label at its place in the designed area, which the strip's corner is taken from.
-QLabel* makeLabel(QWidget* strip, const char* caption, int left, int top, int width, int height) {
-    return DesignedLabel(strip, caption, Qt::AlignHCenter, left - DescriptionStrip::kLeft,
-                         top - DescriptionStrip::kTop, width, height);
+template <typename Label = QLabel>
+Label* makeLabel(QWidget* strip, const char* caption, int left, int top, int width, int height) {
+    return DesignedLabel<Label>(strip, caption, Qt::AlignHCenter, left - DescriptionStrip::kLeft,
+                                top - DescriptionStrip::kTop, width, height);
 }
 
-// A label that cannot show its whole text shows it as a tooltip.
-void showWholeTextWhenCut(QLabel* label) {
-    const QRect room = label->contentsRect();
-    const int flags = int(label->alignment()) | (label->wordWrap() ? int(Qt::TextWordWrap) : 0);
-    const QRect needed = label->fontMetrics().boundingRect(room, flags, label->text());
-    const bool cut = needed.height() > room.height() || needed.width() > room.width();
-    label->setToolTip(cut ? label->text() : QString());
-}
+// The description's box reaches one pixel into the frame of the ways of viewing below it; its
+// text keeps above the frame.
+constexpr int kDescriptionBottom = 1200 + 855;
+constexpr int kViewFrameTop = 2040;
 
 }  // namespace
 
@@ -40,8 +37,9 @@ DescriptionStrip::DescriptionStrip(const ReplaySession& session, QWidget* parent
     PlaceByTwips(pHod, 120 - kLeft, 960 - kTop, ClockFace::kSizeTwips, ClockFace::kSizeTwips);
     lblCas = makeLabel(this, "", 1200, 840, 5295, 375);
     lblCas->setObjectName(QStringLiteral("lblCas"));
-    lbl = makeLabel(this, "", 1200, 1200, 5295, 855);
+    lbl = makeLabel<FittingLabel>(this, "", 1200, 1200, 5295, 855);
     lbl->setWordWrap(true);
+    lbl->setContentsMargins(0, 0, 0, TwipsToPixels(kDescriptionBottom - kViewFrameTop));
 
     connect(&session, &ReplaySession::positionChanged, this, [this] {
         showTexts();
@@ -56,7 +54,6 @@ DescriptionStrip::DescriptionStrip(const ReplaySession& session, QWidget* parent
 void DescriptionStrip::showTexts() {
     const WorldState& world = session_.world();
     lbl->setText(ActionDescription(world));
-    showWholeTextWhenCut(lbl);
     lblTah->setText(PositionText(static_cast<std::int16_t>(session_.position()), world.eventCount));
     lblCas->setText(GeneralDateText(world.currentTime));
 }

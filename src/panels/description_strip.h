@@ -3,6 +3,8 @@
 // event count (lblTah), its date and time (lblCas) and the 24-hour clock face (pHod).
 #include <QWidget>
 
+#include "panels/fitting_label.h"
+
 class QLabel;
 
 namespace trelvin {
@@ -27,7 +29,7 @@ public:
     // hands, when the list lacks that event (after a failed load).
     void showClock();
 
-    QLabel* lbl;
+    FittingLabel* lbl;
     QLabel* lblTah;
     QLabel* lblCas;
     ClockFace* pHod;

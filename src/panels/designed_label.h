@@ -4,15 +4,24 @@
 #include <QLabel>
 
 #include "bridge/twips.h"
+#include "panels/fitting_label.h"
 
 namespace trelvin {
 
-inline QLabel* DesignedLabel(QWidget* parent, const char* caption, Qt::Alignment alignment, int left, int top,
-                             int width, int height = 255) {
-    auto* label = new QLabel(QString::fromLatin1(caption), parent);
+template <typename Label = QLabel>
+Label* DesignedLabel(QWidget* parent, const char* caption, Qt::Alignment alignment, int left, int top, int width,
+                     int height = 255) {
+    auto* label = new Label(parent);
+    label->setText(QString::fromLatin1(caption));
     label->setAlignment(alignment | Qt::AlignTop);
     PlaceByTwips(label, left, top, width, height);
     return label;
+}
+
+// A value's label: a value too long for it is drawn smaller, never cut silently.
+inline FittingLabel* DesignedValueLabel(QWidget* parent, Qt::Alignment alignment, int left, int top, int width,
+                                        int height = 255) {
+    return DesignedLabel<FittingLabel>(parent, "", alignment, left, top, width, height);
 }
 
 }  // namespace trelvin

@@ -46,7 +46,7 @@ QString proposedFolder(const QString& replay) {
 
 }  // namespace
 
-ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, Kind kind, QWidget* parent)
+ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool highlighted, Kind kind, QWidget* parent)
     : QDialog(parent),
       path(new QLineEdit),
       choose(new QPushButton(QStringLiteral("&Vybrat..."))),
@@ -58,6 +58,7 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, Kind k
       field(spinBox(kSmallestExportField, kLargestExportField, fieldPixels, QStringLiteral(" px"))),
       labels(new QCheckBox(QStringLiteral("Pismena &sloupcu a cisla radku"))),
       caption(new QCheckBox(QStringLiteral("&Popisek pod mapou: akce, datum a cas, popis"))),
+      highlight(new QCheckBox(QStringLiteral("Zv&yraznit akci na mape"))),
       summary(new QLabel),
       session_(session),
       kind_(kind) {
@@ -69,6 +70,7 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, Kind k
     view->addItems({QStringLiteral("Jako louka"), QStringLiteral("Jako les"), QStringLiteral("Videt vse")});
     view->setCurrentIndex(int(session.viewMode()));
     labels->setChecked(true);
+    highlight->setChecked(highlighted);
 
     auto* form = new QFormLayout(this);
     auto* file = new QHBoxLayout;
@@ -91,6 +93,7 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, Kind k
     form->addRow(QStringLiteral("&Velikost policka:"), field);
     form->addRow(labels);
     form->addRow(caption);
+    form->addRow(highlight);
     form->addRow(summary);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     exportButton_ = buttons->button(QDialogButtonBox::Ok);
@@ -176,7 +179,8 @@ ExportJob ExportDialog::job() const {
     job.first = from->value();
     job.last = kind_ == Kind::Picture ? from->value() : to->value();
     job.delayMilliseconds = delay->value();
-    job.picture = {ViewMode(view->currentIndex()), field->value(), labels->isChecked(), caption->isChecked()};
+    job.picture = {ViewMode(view->currentIndex()), field->value(), labels->isChecked(), caption->isChecked(),
+                   highlight->isChecked()};
     return job;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // The options of an export from the window: the picture of the current action, or an
-// animation of a stretch of actions, drawn in the session's way of viewing at the map's zoom
-// unless chosen otherwise. It only asks; the export is run by whoever opened it.
+// animation of a stretch of actions, drawn in the session's way of viewing at the map's zoom,
+// the action highlighted as in the window, unless chosen otherwise. It only asks; the export is run by whoever opened it.
 #include <QDialog>
 
 #include "export/export_options.h"
@@ -23,7 +23,7 @@ class ExportDialog : public QDialog {
 public:
     enum class Kind { Picture, Animation };
 
-    ExportDialog(const ReplaySession& session, int fieldPixels, Kind kind, QWidget* parent);
+    ExportDialog(const ReplaySession& session, int fieldPixels, bool highlight, Kind kind, QWidget* parent);
 
     // The export as chosen, its path with the format's extension; the palette is the caller's.
     ExportJob job() const;
@@ -38,6 +38,7 @@ public:
     QSpinBox* const field;
     QCheckBox* const labels;
     QCheckBox* const caption;
+    QCheckBox* const highlight;
     QLabel* const summary;
 
 private:

@@ -23,13 +23,13 @@ FieldPanel::FieldPanel(const ReplaySession& session, QWidget* parent)
     txtPolicko->setAcceptDrops(false);
     PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
     DesignedLabel(this, "Typ", Qt::AlignLeft, 120, 480, 1215);
-    lblPTyp = DesignedLabel(this, "", Qt::AlignRight, 1560, 480, 1215);
+    lblPTyp = DesignedValueLabel(this, Qt::AlignRight, 1560, 480, 1215);
     DesignedLabel(this, "Vlastnik", Qt::AlignLeft, 120, 720, 1335);
-    lblPVlastnik = DesignedLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    lblPVlastnik = DesignedValueLabel(this, Qt::AlignRight, 1440, 720, 1335);
     DesignedLabel(this, "Typ armady", Qt::AlignLeft, 120, 960, 1335);
-    lblPTypArmady = DesignedLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    lblPTypArmady = DesignedValueLabel(this, Qt::AlignRight, 1440, 960, 1335);
     DesignedLabel(this, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335);
-    lblPPArmady = DesignedLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+    lblPPArmady = DesignedValueLabel(this, Qt::AlignRight, 1320, 1200, 1455);
     connect(txtPolicko, &QLineEdit::textChanged, this, &FieldPanel::txtPolicko_Change);
 }
 

@@ -3,7 +3,8 @@
 // typing its name. It changes only when the name changes, not as the replay moves.
 #include <QGroupBox>
 
-class QLabel;
+#include "panels/fitting_label.h"
+
 class QLineEdit;
 
 namespace trelvin {
@@ -17,10 +18,10 @@ public:
     FieldPanel(const ReplaySession& session, QWidget* parent);
 
     QLineEdit* txtPolicko;
-    QLabel* lblPTyp;
-    QLabel* lblPVlastnik;
-    QLabel* lblPTypArmady;
-    QLabel* lblPPArmady;
+    FittingLabel* lblPTyp;
+    FittingLabel* lblPVlastnik;
+    FittingLabel* lblPTypArmady;
+    FittingLabel* lblPPArmady;
 
 public slots:
     // A click on field `index` of the map names it in the text box.

@@ -13,6 +13,7 @@ MapPanel::MapPanel(ReplaySession& session, QWidget* parent)
       zoomOutAction(new QAction(QStringLiteral("&Oddalit mapu"), this)),
       zoomResetAction(new QAction(QStringLiteral("&Skutecna velikost (100 %)"), this)),
       zoomFitAction(new QAction(QStringLiteral("&Cela mapa"), this)),
+      highlightAction(new QAction(QStringLiteral("&Zvyraznit akci"), this)),
       session_(session) {
     zoomInAction->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     zoomOutAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
@@ -22,6 +23,10 @@ MapPanel::MapPanel(ReplaySession& session, QWidget* parent)
     connect(zoomOutAction, &QAction::triggered, this, [this] { zoomOut(); });
     connect(zoomResetAction, &QAction::triggered, this, [this] { setFieldPixels(kFieldPixels); });
     connect(zoomFitAction, &QAction::triggered, this, &MapGrid::zoomToFit);
+    highlightAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
+    highlightAction->setCheckable(true);
+    highlightAction->setChecked(true);
+    connect(highlightAction, &QAction::toggled, this, &MapPanel::showMarks);
     connect(&session, &ReplaySession::positionChanged, this, &MapPanel::Zobraz);
     connect(&session, &ReplaySession::viewModeChanged, this, &MapPanel::Zobraz);
 }
@@ -34,6 +39,14 @@ void MapPanel::build(double windowWidth) {
 void MapPanel::Zobraz() {
     session_.revealForView(fieldCount());
     setPictures(ChoosePictures(session_.world(), session_.viewMode(), fieldCount()));
+    showMarks();
+}
+
+void MapPanel::showMarks() {
+    // The marks read the visible flags the redraw wrote; before the first redraw there are none.
+    setMarks(highlightAction->isChecked() ? MarkAction(session_.world(), session_.position(), session_.viewMode(),
+                                                       static_cast<int>(scene().pictures.size()))
+                                          : ActionMarks{});
 }
 
 }  // namespace trelvin

@@ -1,6 +1,7 @@
 #pragma once
 // The map of the opened replay: the grid built when a replay is opened and redrawn, in the way
-// of viewing chosen, after every move and every change of that way; and its zoom commands.
+// of viewing chosen, after every move and every change of that way, with the current action
+// marked over it while that is chosen; and its zoom commands.
 #include "view/map_grid.h"
 
 class QAction;
@@ -23,12 +24,16 @@ public:
     QAction* const zoomOutAction;
     QAction* const zoomResetAction;
     QAction* const zoomFitAction;
+    // Zobrazeni -> Zvyraznit akci: the current action's marks, on at start.
+    QAction* const highlightAction;
 
 public slots:
-    // The redraw: what it writes into the world, then every field's picture.
+    // The redraw: what it writes into the world, then every field's picture and the marks.
     void Zobraz();
 
 private:
+    void showMarks();
+
     ReplaySession& session_;
 };
 

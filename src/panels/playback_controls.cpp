@@ -20,8 +20,10 @@ namespace {
 constexpr int kSlideRowTop = 6000;
 constexpr int kButtonHeight = 375;
 
-QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width) {
+// Each button tells what it does, and the key that presses it where it has one.
+QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width, const char* hint) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setToolTip(QString::fromLatin1(hint));
     PlaceByTwips(button, left, top, width, kButtonHeight);
     button->setEnabled(false);
     button->setAutoDefault(false);
@@ -50,18 +52,18 @@ PlaybackControls::PlaybackControls(ReplaySession& session, PlaybackCommands& com
         connect(ov[index], &QRadioButton::clicked, this, [this, index] { ov_Click(index); });
     }
 
-    cmdBegin = makeButton(this, "|<--", 720, 480, 735);
-    cmdBack = makeButton(this, "<----", 1440, 480, 1215);
-    cmdForw = makeButton(this, "---->", 3840, 480, 1215);
-    cmdEnd = makeButton(this, "-->|", 5040, 480, 735);
+    cmdBegin = makeButton(this, "|<--", 720, 480, 735, "Prvni akce (Home)");
+    cmdBack = makeButton(this, "<----", 1440, 480, 1215, "O akci zpet (Sipka vlevo)");
+    cmdForw = makeButton(this, "---->", 3840, 480, 1215, "O akci vpred (Sipka vpravo)");
+    cmdEnd = makeButton(this, "-->|", 5040, 480, 735, "Posledni akce (End)");
 
-    cmdSBegin = makeButton(this, "|<--", 600, kSlideRowTop, 495);
-    cmdRZ = makeButton(this, "<----", 1200, kSlideRowTop, 855);
-    cmdZ = makeButton(this, "<--", 2040, kSlideRowTop, 855);
-    cmdS = makeButton(this, "II", 2880, kSlideRowTop, 855);
-    cmdD = makeButton(this, "-->", 3720, kSlideRowTop, 855);
-    cmdRD = makeButton(this, "---->", 4560, kSlideRowTop, 855);
-    cmdSEnd = makeButton(this, "-->|", 5520, kSlideRowTop, 495);
+    cmdSBegin = makeButton(this, "|<--", 600, kSlideRowTop, 495, "Prvni akce, prehravani bezi dal (Home)");
+    cmdRZ = makeButton(this, "<----", 1200, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdou sekundu (bez klavesy)");
+    cmdZ = makeButton(this, "<--", 2040, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdych 5 sekund (bez klavesy)");
+    cmdS = makeButton(this, "II", 2880, kSlideRowTop, 855, "Zastavit prehravani (Mezernik)");
+    cmdD = makeButton(this, "-->", 3720, kSlideRowTop, 855, "Prehravat, akce kazdych 5 sekund (Mezernik)");
+    cmdRD = makeButton(this, "---->", 4560, kSlideRowTop, 855, "Prehravat, akce kazdou sekundu (bez klavesy)");
+    cmdSEnd = makeButton(this, "-->|", 5520, kSlideRowTop, 495, "Posledni akce, prehravani bezi dal (End)");
     for (QPushButton* button : {cmdSBegin, cmdRZ, cmdZ, cmdS, cmdD, cmdRD, cmdSEnd}) button->setVisible(false);
 
     bind(cmdBegin, commands_.first, &PlaybackControls::cmdBegin_Click);

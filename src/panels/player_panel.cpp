@@ -40,13 +40,13 @@ PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     cmbHraci->lineEdit()->setAcceptDrops(false);
     PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
     DesignedLabel(this, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095);
-    lblPocetTahu = DesignedLabel(this, "", Qt::AlignRight, 1440, 480, 1335);
+    lblPocetTahu = DesignedValueLabel(this, Qt::AlignRight, 1440, 480, 1335);
     DesignedLabel(this, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215);
-    lblMnozstviNektaru = DesignedLabel(this, "", Qt::AlignRight, 1440, 720, 1335);
+    lblMnozstviNektaru = DesignedValueLabel(this, Qt::AlignRight, 1440, 720, 1335);
     DesignedLabel(this, "Veleni", Qt::AlignLeft, 120, 960, 1335);
-    lblVeleni = DesignedLabel(this, "", Qt::AlignRight, 1440, 960, 1335);
+    lblVeleni = DesignedValueLabel(this, Qt::AlignRight, 1440, 960, 1335);
     DesignedLabel(this, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215);
-    lblVelikostUzemi = DesignedLabel(this, "", Qt::AlignRight, 1320, 1200, 1455);
+    lblVelikostUzemi = DesignedValueLabel(this, Qt::AlignRight, 1320, 1200, 1455);
 
     connect(cmbHraci, &QComboBox::activated, this, &PlayerPanel::cmbHraci_Click);
     // The box is narrow for long names: its tooltip tells the whole entry.

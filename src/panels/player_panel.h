@@ -2,8 +2,9 @@
 // The frame "Hraci": the list of players and the standing of the one chosen.
 #include <QGroupBox>
 
+#include "panels/fitting_label.h"
+
 class QComboBox;
-class QLabel;
 
 namespace trelvin {
 
@@ -20,10 +21,10 @@ public:
     void refreshList();
 
     QComboBox* cmbHraci;
-    QLabel* lblPocetTahu;
-    QLabel* lblMnozstviNektaru;
-    QLabel* lblVeleni;
-    QLabel* lblVelikostUzemi;
+    FittingLabel* lblPocetTahu;
+    FittingLabel* lblMnozstviNektaru;
+    FittingLabel* lblVeleni;
+    FittingLabel* lblVelikostUzemi;
 
 public slots:
     // The standing of the player chosen; with none chosen the labels stay as they are.

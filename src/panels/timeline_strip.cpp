@@ -22,10 +22,12 @@ TimelineStrip::TimelineStrip(ReplaySession& session, QWidget* parent) : QWidget(
     lblPosition->setMinimumWidth(lblPosition->fontMetrics().horizontalAdvance(QStringLiteral("32767 (32767)")) + 8);
     lblPosition->setAlignment(Qt::AlignCenter);
     lblTime->setMinimumWidth(lblTime->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00:00")) + 8);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     row->addWidget(timeline, 1);
     row->addWidget(lblPosition);
     row->addWidget(lblTime);
 
+    connect(&session, &ReplaySession::replacing, this, [this] { timeline->showReplay(session_.history().log, 0); });
     connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
         timeline->showReplay(session_.history().log, eventCount);
         followPosition();

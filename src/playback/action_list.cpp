@@ -7,48 +7,97 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPainter>
 #include <QSignalBlocker>
+#include <QSplitter>
 #include <QStyle>
-#include <QTableView>
+#include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include "bridge/core_text.h"
+#include "playback/action_search.h"
 #include "playback/action_row_delegate.h"
 #include "playback/position_texts.h"
 
 namespace trelvin {
 
-// The rows of the list: the events of one kind whose texts hold the search, as indexes into
-// the log. Texts are made for the rows on screen only; the search texts once, when first
-// searched.
+namespace {
+
+// A description's line breaks as new lines.
+QString multiline(const std::string& text) { return FromCore(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")); }
+
+QString playerName(const ActionPlayers& players, int player) {
+    return FromCore(players.names()[std::size_t(player)]);
+}
+
+// The whole of one event: its number, time and keyword, its description, who it was by and on
+// whose field (when another's), and what it reported.
+QString detailOf(const ActionLog& log, const ActionPlayers* players, int event) {
+    const LoggedEvent& e = log.event(event);
+    QString html = QStringLiteral("<b>Akce %1</b> &middot; %2 &middot; %3")
+                       .arg(event)
+                       .arg(GeneralDateText(e.time).toHtmlEscaped(), FromCore(e.keyword).toHtmlEscaped());
+    html += QStringLiteral("<p>") + multiline(e.description).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) +
+            QStringLiteral("</p>");
+    if (players && event <= players->size()) {
+        QStringList who;
+        const int actor = players->actor(event), reached = players->reached(event);
+        if (actor != ActionPlayers::kNobody) who << QStringLiteral("Hrac: ") + playerName(*players, actor).toHtmlEscaped();
+        if (reached != ActionPlayers::kNobody && reached != actor)
+            who << QStringLiteral("Na poli hrace: ") + playerName(*players, reached).toHtmlEscaped();
+        if (!who.isEmpty()) html += QStringLiteral("<p>") + who.join(QStringLiteral(" &middot; ")) + QStringLiteral("</p>");
+    }
+    for (const std::string& message : e.messages)
+        html += QStringLiteral("<p style=\"color:#b00000\">") + multiline(message).toHtmlEscaped() + QStringLiteral("</p>");
+    return html;
+}
+
+}  // namespace
+
+// The rows of the list: the events of one kind, of one player and found by the search, as
+// indexes into the log. Texts are made for the rows on screen only; the search texts once, when
+// the replay is shown, so that no keystroke of a search waits for them.
 class ActionListModel : public QAbstractTableModel {
 public:
     enum Column { Number, Time, Keyword, Summary, ColumnCount };
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    void setLog(const ActionLog* log) {
+    void setLog(const ActionLog* log, const ActionPlayers* players) {
         beginResetModel();
         log_ = log;
+        players_ = players;
+        player_ = ActionPlayers::kNobody;
         searchTexts_.clear();
+        if (log_) {
+            searchTexts_.reserve(std::size_t(log_->size()));
+            for (int i = 1; i <= log_->size(); ++i) searchTexts_.push_back(searchText(i).toCaseFolded());
+        }
         refilter();
         endResetModel();
     }
 
-    void setFilter(EventKind kind, const QString& search) {
+    void setFilter(EventKind kind, int player, const QString& search) {
         beginResetModel();
         kind_ = kind;
-        search_ = search.trimmed();
+        player_ = player;
+        search_ = ActionSearch(search);
         refilter();
         endResetModel();
     }
 
+    const ActionLog* log() const { return log_; }
     const std::vector<int>& events() const { return events_; }
+    // Whether anything narrows the list.
+    bool filtered() const { return kind_ != EventKind::All || player_ != ActionPlayers::kNobody || !search_.isEmpty(); }
 
+    // The row of the event, or -1 when the list does not show it.
     int rowOf(int event) const {
         const auto found = std::lower_bound(events_.begin(), events_.end(), event);
         return found != events_.end() && *found == event ? int(found - events_.begin()) : -1;
     }
+    // The row the event would take among those shown.
+    int placeOf(int event) const { return int(std::lower_bound(events_.begin(), events_.end(), event) - events_.begin()); }
 
     int rowCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : int(events_.size());
@@ -78,13 +127,11 @@ public:
             case Qt::ForegroundRole:
                 if (failed) return QColor(180, 0, 0);
                 break;
-            case Qt::ToolTipRole:
-                if (failed) {
-                    QStringList texts;
-                    for (const std::string& text : e.messages) texts << FromCore(text);
-                    return texts.join(u'\n');
-                }
-                return FromCore(e.summary);
+            case Qt::ToolTipRole: {
+                QStringList texts{multiline(e.description)};
+                for (const std::string& text : e.messages) texts << multiline(text);
+                return texts.join(u'\n');
+            }
             case Qt::TextAlignmentRole:
                 if (index.column() == Number) return int(Qt::AlignRight | Qt::AlignVCenter);
                 break;
@@ -102,28 +149,73 @@ private:
     void refilter() {
         events_.clear();
         if (!log_) return;
-        if (!search_.isEmpty() && searchTexts_.empty()) {
-            searchTexts_.reserve(std::size_t(log_->size()));
-            for (int i = 1; i <= log_->size(); ++i) {
-                const LoggedEvent& e = log_->event(i);
-                searchTexts_.push_back(FromCore(e.keyword + " " + e.summary + " " + e.subjects));
-            }
-        }
+        const bool byPlayer = player_ != ActionPlayers::kNobody && players_;
         for (int i = 1; i <= log_->size(); ++i) {
             if (!log_->isOfKind(i, kind_)) continue;
-            if (!search_.isEmpty() &&
-                !searchTexts_[std::size_t(i - 1)].contains(search_, Qt::CaseInsensitive))
-                continue;
+            if (byPlayer && !players_->concerns(i, player_)) continue;
+            if (!search_.isEmpty() && !found(i)) continue;
             events_.push_back(i);
         }
     }
 
+    // What the search looks in: the event's keyword, its description and the names it mentions.
+    QString searchText(int event) const {
+        const LoggedEvent& e = log_->event(event);
+        return FromCore(e.keyword + " " + e.description + " " + e.subjects);
+    }
+    bool found(int event) const {
+        if (!search_.mayMatchFolded(searchTexts_[std::size_t(event - 1)])) return false;
+        // Few rows name a field in any case; their own text tells whether in this one.
+        return !search_.namesField() || search_.matches(searchText(event));
+    }
+
     const ActionLog* log_ = nullptr;
+    const ActionPlayers* players_ = nullptr;
     EventKind kind_ = EventKind::All;
-    QString search_;
+    int player_ = ActionPlayers::kNobody;
+    ActionSearch search_;
     std::vector<int> events_;
-    std::vector<QString> searchTexts_;
+    std::vector<QString> searchTexts_;  // case-folded
 };
+
+void ActionTable::setHere(int row, int event) {
+    if (row == hereRow_ && event == hereEvent_) return;
+    hereRow_ = row;
+    hereEvent_ = event;
+    viewport()->update();
+}
+
+void ActionTable::setEmptyText(const QString& text) {
+    if (text == emptyText_) return;
+    emptyText_ = text;
+    viewport()->update();
+}
+
+void ActionTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    QPainter painter(viewport());
+    const int rows = model() ? model()->rowCount() : 0;
+    if (rows == 0 && !emptyText_.isEmpty()) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
+    }
+    if (hereRow_ < 0) return;
+    // A line between the rows around the current action, with its number at the right.
+    const int below = hereRow_ < rows ? rowViewportPosition(hereRow_)
+                                      : (rows > 0 ? rowViewportPosition(rows - 1) + rowHeight(rows - 1) : 0);
+    // Kept inside the view, with its label, where the rows end at its edge.
+    const int y = std::clamp(below, 1, std::max(1, viewport()->height() - 2));
+    const QColor colour = palette().color(QPalette::Highlight);
+    painter.fillRect(QRect(0, y - 1, viewport()->width(), 3), colour);
+    const QString text = QStringLiteral("zde je akce %1").arg(hereEvent_);
+    const QSize size(fontMetrics().horizontalAdvance(text) + 8, fontMetrics().height() + 2);
+    const QRect label(QPoint(viewport()->width() - size.width() - 4,
+                             std::clamp(y - size.height() / 2, 0, std::max(0, viewport()->height() - size.height()))),
+                      size);
+    painter.fillRect(label, colour);
+    painter.setPen(palette().color(QPalette::HighlightedText));
+    painter.drawText(label, Qt::AlignCenter, text);
+}
 
 namespace {
 
@@ -141,10 +233,15 @@ constexpr KindChoice kKinds[] = {
 }  // namespace
 
 ActionList::ActionList(QWidget* parent)
-    : QWidget(parent), model_(new ActionListModel(this)), kinds_(new QComboBox(this)),
-      search_(new QLineEdit(this)), table_(new QTableView(this)) {
+    : QWidget(parent), model_(new ActionListModel(this)), kinds_(new QComboBox(this)), players_(new QComboBox(this)),
+      search_(new QLineEdit(this)), table_(new ActionTable(this)), detail_(new QTextBrowser(this)) {
     for (const KindChoice& choice : kKinds) kinds_->addItem(QString::fromLatin1(choice.caption));
+    players_->addItem(QStringLiteral("Vsichni hraci"), ActionPlayers::kNobody);
+    players_->setToolTip(QStringLiteral("Akce hrace a akce na jeho polich"));
+    players_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    players_->setMinimumContentsLength(12);
     search_->setPlaceholderText(QStringLiteral("Hledat hrace, pole, akci..."));
+    search_->setToolTip(QStringLiteral("Jmeno pole (B3) se hleda cele a presne, jak je napsano; jiny text kdekoli"));
     search_->setClearButtonEnabled(true);
 
     table_->setModel(model_);
@@ -165,25 +262,49 @@ ActionList::ActionList(QWidget* parent)
                            table_->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00:00")) + 12);
     table_->setColumnWidth(ActionListModel::Keyword,
                            table_->fontMetrics().horizontalAdvance(QStringLiteral("end_hld_fire")) + 12);
+    detail_->setOpenLinks(false);
+    detail_->setPlaceholderText(QStringLiteral("Popis vybrane akce"));
+    detail_->document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 0px; }"));
+    // Room for a description of four lines, who played and one message.
+    detail_->setMinimumHeight(detail_->fontMetrics().lineSpacing() * 7 + 2 * detail_->frameWidth());
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     auto* filters = new QHBoxLayout;
     filters->addWidget(kinds_);
-    filters->addWidget(search_, 1);
+    filters->addWidget(players_, 1);
     layout->addLayout(filters);
-    layout->addWidget(table_, 1);
+    layout->addWidget(search_);
+    auto* split = new QSplitter(Qt::Vertical, this);
+    split->addWidget(table_);
+    split->addWidget(detail_);
+    split->setStretchFactor(0, 2);
+    split->setStretchFactor(1, 1);
+    split->setChildrenCollapsible(false);
+    layout->addWidget(split, 1);
 
     connect(kinds_, &QComboBox::currentIndexChanged, this,
             [this](int index) { setKind(kKinds[std::max(index, 0)].kind); });
+    connect(players_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        setPlayer(index > 0 ? players_->itemData(index).toInt() : ActionPlayers::kNobody);
+    });
     connect(search_, &QLineEdit::textChanged, this, &ActionList::setSearch);
     connect(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { chooseRow(index.row()); });
     connect(table_, &QTableView::activated, this, [this](const QModelIndex& index) { chooseRow(index.row()); });
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ActionList::showDetail);
 }
 
-void ActionList::showReplay(const ActionLog* log) {
-    model_->setLog(log);
-    selectPosition();
+void ActionList::showReplay(const ActionLog* log, const ActionPlayers* players) {
+    actionPlayers_ = players;
+    {
+        const QSignalBlocker quiet(players_);
+        players_->clear();
+        players_->addItem(QStringLiteral("Vsichni hraci"), ActionPlayers::kNobody);
+        if (players)
+            for (int i = 0; i < int(players->names().size()); ++i) players_->addItem(playerName(*players, i), i);
+    }
+    model_->setLog(log, players);
+    refilter();
 }
 
 void ActionList::setPosition(int position) {
@@ -199,8 +320,15 @@ void ActionList::setKind(EventKind kind) {
         const QSignalBlocker quiet(kinds_);
         kinds_->setCurrentIndex(index);
     }
-    model_->setFilter(kind, search_->text());
-    selectPosition();
+    refilter();
+}
+
+void ActionList::setPlayer(int player) {
+    {
+        const QSignalBlocker quiet(players_);
+        players_->setCurrentIndex(std::max(players_->findData(player), 0));
+    }
+    refilter();
 }
 
 void ActionList::setSearch(const QString& search) {
@@ -208,7 +336,15 @@ void ActionList::setSearch(const QString& search) {
         const QSignalBlocker quiet(search_);
         search_->setText(search);
     }
-    model_->setFilter(kKinds[std::max(kinds_->currentIndex(), 0)].kind, search);
+    refilter();
+}
+
+void ActionList::refilter() {
+    model_->setFilter(kKinds[std::max(kinds_->currentIndex(), 0)].kind,
+                      players_->currentData().isValid() ? players_->currentData().toInt() : ActionPlayers::kNobody,
+                      search_->text());
+    const bool nothing = model_->events().empty() && model_->filtered() && model_->log() && model_->log()->size() > 0;
+    table_->setEmptyText(nothing ? QStringLiteral("Nic nenalezeno") : QString());
     selectPosition();
 }
 
@@ -220,14 +356,31 @@ void ActionList::chooseRow(int row) {
 
 void ActionList::selectPosition() {
     const int row = model_->rowOf(position_);
-    if (row < 0) {
+    const bool known = model_->log() && position_ >= 1 && position_ <= model_->log()->size();
+    if (row >= 0) {
+        table_->setHere(-1, 0);
+        const QModelIndex index = model_->index(row, 0);
+        table_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                             QItemSelectionModel::Rows);
+        table_->scrollTo(index, QAbstractItemView::EnsureVisible);
+    } else {
+        // The rows around the place the current action would take stay in view.
+        table_->selectionModel()->clearCurrentIndex();
         table_->clearSelection();
-        return;
+        const int place = model_->placeOf(position_);
+        table_->setHere(known && !model_->events().empty() ? place : -1, position_);
+        if (known && !model_->events().empty())
+            table_->scrollTo(model_->index(std::min(place, int(model_->events().size()) - 1), 0),
+                             QAbstractItemView::PositionAtCenter);
     }
-    const QModelIndex index = model_->index(row, 0);
-    table_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                         QItemSelectionModel::Rows);
-    table_->scrollTo(index, QAbstractItemView::EnsureVisible);
+    showDetail();
+}
+
+void ActionList::showDetail() {
+    const ActionLog* log = model_->log();
+    const QModelIndex current = table_->currentIndex();
+    const int event = current.isValid() ? model_->events()[std::size_t(current.row())] : position_;
+    detail_->setHtml(log && event >= 1 && event <= log->size() ? detailOf(*log, actionPlayers_, event) : QString());
 }
 
 }  // namespace trelvin

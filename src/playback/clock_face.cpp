@@ -22,6 +22,9 @@ QColor ColourOf(std::uint32_t rgb) {
 
 QPointF At(ClockPoint point) { return QPointF(point.x, point.y); }
 
+// The dial has no numbers: its tooltip tells how to read it, and the time it shows.
+const QString kHowToRead = QStringLiteral("Cas akce na 24hodinovem ciferniku: hodiny modre, minuty cervene, sekundy sede");
+
 }  // namespace
 
 ClockFace::ClockFace(QWidget* parent) : QFrame(parent) {
@@ -29,6 +32,7 @@ ClockFace::ClockFace(QWidget* parent) : QFrame(parent) {
     setLineWidth(kBorderPixels);
     setBackgroundRole(QPalette::HighlightedText);
     setAutoFillBackground(true);
+    setToolTip(kHowToRead);
 }
 
 int ClockFace::scaleHeight() const { return contentsRect().height() * kTwipsPerPixel; }
@@ -36,6 +40,7 @@ int ClockFace::scaleHeight() const { return contentsRect().height() * kTwipsPerP
 void ClockFace::setTime(const std::optional<QTime>& time) {
     dialShown_ = true;
     time_ = time;
+    setToolTip(time ? kHowToRead + u'\n' + time->toString(QStringLiteral("HH:mm:ss")) : kHowToRead);
     update();
 }
 

@@ -12,6 +12,9 @@ JumpPrompt::JumpPrompt(int eventCount, int position, QWidget* parent)
     : QDialog(parent), eventCount_(eventCount), entry_(new QLineEdit(this)), problem_(new QLabel(this)) {
     setWindowTitle(QStringLiteral("Prejit na akci"));
     auto* layout = new QVBoxLayout(this);
+    // The prompt takes the height its answer needs once it shows one: a wrapped text's height
+    // follows its width, which a window's least size does not count.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(new QLabel(QStringLiteral("Cislo akce (1 az %1):").arg(eventCount), this));
     entry_->setText(QString::number(position));
     entry_->selectAll();

@@ -68,6 +68,7 @@ std::unique_ptr<TaskProgress> ReplaySession::progressFor(const char* task) const
 LoadResult ReplaySession::open(const QString& path) {
     // No tick may step a replay that is being replaced.
     playback_->halt();
+    emit replacing();
     history_ = {};  // the keyframes of the replay being replaced must not stand for the new one
     fileName_ = path;
     LoadResult result;

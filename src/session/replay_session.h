@@ -97,6 +97,9 @@ public:
     void disableStop();
 
 signals:
+    // The history is about to be replaced: whatever holds on to it lets go before the open
+    // empties it, so that nothing reads a history that no longer is.
+    void replacing();
     // A replay was opened (or its load failed, keeping what it read).
     void opened(const QString& fileName, int eventCount);
     // The position moved: once per move, after all of its events.

@@ -38,7 +38,7 @@ void ExportCommands::followSession() {
 void ExportCommands::ask(bool animation) {
     // The current action the dialog offers must stay current while it is open.
     if (session_.isPlaying()) session_.stop();
-    ExportDialog dialog(session_, map_.fieldPixels(),
+    ExportDialog dialog(session_, map_.fieldPixels(), map_.highlightAction->isChecked(),
                         animation ? ExportDialog::Kind::Animation : ExportDialog::Kind::Picture, window_);
     if (dialog.exec() == QDialog::Accepted) run(dialog.job());
 }

@@ -18,6 +18,7 @@
 #include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
 #include "panels/field_panel.h"
+#include "panels/help_menu.h"
 #include "panels/jump_menu.h"
 #include "panels/map_panel.h"
 #include "panels/playback_commands.h"
@@ -53,7 +54,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     connect(mnuOtevritItem, &QAction::triggered, this, &frmMain::mnuOtevritItem_Click);
     connect(mnuKonecItem, &QAction::triggered, this, &frmMain::mnuKonecItem_Click);
 
-    // The designed client area on top; the strip of the timeline below it.
+    // The designed client area, the map to the right of its panels.
     auto* central = new QWidget(this);
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(0, 0, 0, 0);
@@ -63,8 +64,6 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     column->addWidget(client, 1);
     setCentralWidget(central);
     buildPanels(client);
-    timelineStrip = new trelvin::TimelineStrip(*session_, central);
-    column->addWidget(timelineStrip);
 
     exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
     mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
@@ -74,7 +73,11 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});
+    mnuZobrazeni->addSeparator();
+    mnuZobrazeni->addAction(grid->highlightAction);
     buildFindingAids();
+    mnuNapoveda = new trelvin::HelpMenu(this);
+    menuBar()->addMenu(mnuNapoveda);
     setTabOrderByLayout();
     controls->installKeys(this);
     setAcceptDrops(true);
@@ -118,9 +121,21 @@ void frmMain::mnuKonecItem_Click() { QApplication::quit(); }
 
 int frmMain::outerWidthTwips() const { return fit_->outerWidthTwips(); }
 
-// The menu "Prejit", the action list beside the window, and the status line that tells what a
-// jump's events reported: they go there, never into one message box each.
+// The menu "Prejit", the timeline across the bottom, the action list beside the window, and the
+// status line that tells what a jump's events reported: they go there, never into one message
+// box each.
 void frmMain::buildFindingAids() {
+    // The timeline as wide as the window: under the map and the panels and under the list.
+    timelineStrip = new trelvin::TimelineStrip(*session_, this);
+    timelineDock = new QDockWidget(QStringLiteral("Casova osa"), this);
+    timelineDock->setObjectName(QStringLiteral("timelineDock"));
+    timelineDock->setWidget(timelineStrip);
+    timelineDock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    timelineDock->setTitleBarWidget(new QWidget(timelineDock));
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::BottomDockWidgetArea);
+    addDockWidget(Qt::BottomDockWidgetArea, timelineDock);
+
     mnuPrejit = new trelvin::JumpMenu(*session_, this);
     menuBar()->addMenu(mnuPrejit);
     mnuPrejit->addSeparator();
@@ -135,6 +150,9 @@ void frmMain::buildFindingAids() {
     showList->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     mnuPrejit->addAction(showList);
     statusBar()->setSizeGripEnabled(true);
+    // A jump moves first, then tells: the move clears the line, the jump writes it.
+    connect(session_, &trelvin::ReplaySession::positionChanged, statusBar(), &QStatusBar::clearMessage);
+    connect(session_, &trelvin::ReplaySession::opened, statusBar(), &QStatusBar::clearMessage);
     connect(session_, &trelvin::ReplaySession::jumped, this, &frmMain::showJumpStatus);
     connect(mnuPrejit, &trelvin::JumpMenu::nothingFound, this, [this](const QString& text) { statusBar()->showMessage(text); });
 }

@@ -22,6 +22,7 @@ class ActionListPanel;
 class ExportCommands;
 class DescriptionStrip;
 class FieldPanel;
+class HelpMenu;
 class JumpMenu;
 class MapPanel;
 class PlaybackCommands;
@@ -67,9 +68,11 @@ public:
     // Additions for finding one's way through a long replay.
     QMenu* mnuZobrazeni;
     trelvin::JumpMenu* mnuPrejit;
-    trelvin::TimelineStrip* timelineStrip;
+    trelvin::TimelineStrip* timelineStrip;  // across the whole bottom of the window
+    QDockWidget* timelineDock;
     QDockWidget* actionDock;
     trelvin::ActionListPanel* actionList;
+    trelvin::HelpMenu* mnuNapoveda;
 
 public slots:
     void Form_Load();
@@ -88,7 +91,7 @@ private:
     void setTabOrderByLayout();
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
-    // What a jump or a search for one tells goes to the status line.
+    // What a jump or a search for one tells goes to the status line, until the next move or open.
     void showJumpStatus(int position, const QStringList& messages);
 
     trelvin::WindowServices services_;

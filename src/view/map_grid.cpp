@@ -62,6 +62,12 @@ void MapGrid::setPictures(std::vector<int> pictures) {
     viewport()->update();
 }
 
+void MapGrid::setMarks(ActionMarks marks) {
+    if (marks == scene_.marks) return;
+    scene_.marks = std::move(marks);
+    viewport()->update();
+}
+
 void MapGrid::setAreaOrigin(QPoint twips) {
     areaOrigin_ = twips;
     const auto pixels = [](double from, double to) {
@@ -171,6 +177,7 @@ void MapGrid::paintEvent(QPaintEvent* event) {
     const QRect exposed = event->rect().translated(offset);
     painter_.setFieldPixels(fieldPixels_, viewport()->devicePixelRatioF());
     painter_.paintFields(painter, scene_, gridCorner(), exposed);
+    painter_.paintMarks(painter, scene_, gridCorner(), exposed);
     painter_.paintCaptions(painter, scene_, gridCorner(), QRect(offset, viewport()->size()), exposed, palette());
 }
 

@@ -38,6 +38,8 @@ public:
 
     // Shows the pictures of fields 1 .. (a redraw chose them for every field loaded).
     void setPictures(std::vector<int> pictures);
+    // Marks the current action over the pictures; empty marks for none.
+    void setMarks(ActionMarks marks);
 
     const GridLayout& layout() const { return layout_; }
     // What the map shows: the pictures and the captions.

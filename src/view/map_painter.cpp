@@ -1,6 +1,7 @@
 #include "view/map_painter.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QFont>
 #include <QImage>
@@ -17,6 +18,52 @@ namespace {
 // is no longer legible and is left out.
 constexpr int kCaptionPixels = 16;
 constexpr int kSmallestLegibleCaption = 6;
+
+// Colours that no field picture has, seen on dark and light fields alike.
+constexpr QRgb kMarkColour = qRgb(255, 0, 220);
+constexpr QRgb kCaptureColour = qRgb(210, 0, 0);
+constexpr QRgb kMarkEdgeColour = qRgb(0, 0, 0);
+// On smaller fields the arrow's dark edge would cover more than the arrow.
+constexpr int kSmallestEdgedArrow = 12;
+
+QRect fieldSquare(int k, int columns, QPoint gridCorner, int size) {
+    const int row = (k - 1) / columns, column = (k - 1) % columns;
+    return QRect(gridCorner.x() + column * size, gridCorner.y() + row * size, size, size);
+}
+
+// A frame of `width` inside the square.
+void outline(QPainter& painter, const QRect& square, int width, QColor colour) {
+    if (square.width() <= 2 * width + 1) return painter.fillRect(square, colour);  // too small for a hole
+    const QRect inner = square.adjusted(width, width, -width, -width);
+    painter.fillRect(QRect(square.left(), square.top(), square.width(), width), colour);
+    painter.fillRect(QRect(square.left(), inner.bottom() + 1, square.width(), width), colour);
+    painter.fillRect(QRect(square.left(), inner.top(), width, inner.height()), colour);
+    painter.fillRect(QRect(inner.right() + 1, inner.top(), width, inner.height()), colour);
+}
+
+// A line from the centre of one square to the centre of the other, whose head ends there, with
+// a dark edge that sets it off from the outlines and the pictures; it stays within the squares.
+void arrow(QPainter& painter, const QRect& from, const QRect& to, int size, QColor colour) {
+    const QPointF start = QRectF(from).center(), tip = QRectF(to).center();
+    const QPointF along = tip - start;
+    const double length = std::hypot(along.x(), along.y());
+    if (length <= 0) return;
+    const QPointF unit = along / length, across(-unit.y(), unit.x());
+    const double head = std::max(3.0, size * 0.45);
+    const QPointF base = tip - unit * head;
+    const QPolygonF point({tip, base + across * (head / 2), base - across * (head / 2)});
+    const int width = std::max(1, size / 8);
+    const bool edged = size >= kSmallestEdgedArrow;
+    for (const bool edge : {true, false}) {
+        if (edge && !edged) continue;
+        const QColor shade = edge ? QColor(kMarkEdgeColour) : colour;
+        painter.setPen(QPen(shade, edge ? width + 2 : width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.drawLine(start, base);
+        painter.setPen(edge ? QPen(shade, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin) : Qt::NoPen);
+        painter.setBrush(shade);
+        painter.drawPolygon(point);
+    }
+}
 
 }  // namespace
 
@@ -98,6 +145,43 @@ void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint 
                          band);
 }
 
+void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) const {
+    const ActionMarks& marks = scene.marks;
+    if (marks.empty() || scene.columns <= 0 || !marksRect(scene, gridCorner).intersects(exposed)) return;
+    const int size = fieldPixels_;
+    const int width = std::max(1, size / 10);
+    const auto square = [&](int k) { return fieldSquare(k, scene.columns, gridCorner, size); };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const int k : marks.outlined) outline(painter, square(k), width, QColor(kMarkColour));
+    if (marks.capturedHeadquarters != 0) {
+        // A cross over the fallen headquarters, inside a frame of its own colour.
+        const QRect fallen = square(marks.capturedHeadquarters);
+        outline(painter, fallen, width, QColor(kCaptureColour));
+        const QRectF inside = QRectF(fallen).adjusted(2 * width, 2 * width, -2 * width, -2 * width);
+        if (inside.isValid()) {
+            painter.setPen(QPen(QColor(kCaptureColour), width, Qt::SolidLine, Qt::FlatCap));
+            painter.drawLine(inside.topLeft(), inside.bottomRight());
+            painter.drawLine(inside.topRight(), inside.bottomLeft());
+        }
+    }
+    // Over the cross, so the attack that took the headquarters still shows where it came from.
+    if (marks.arrowFrom != 0 && marks.arrowTo != 0)
+        arrow(painter, square(marks.arrowFrom), square(marks.arrowTo), size, QColor(kMarkColour));
+    painter.restore();
+}
+
+QRect MapPainter::marksRect(const MapScene& scene, QPoint gridCorner) const {
+    QRect united;
+    if (scene.columns <= 0) return united;
+    for (const int k : scene.marks.outlined) united |= fieldSquare(k, scene.columns, gridCorner, fieldPixels_);
+    if (scene.marks.capturedHeadquarters != 0)
+        united |= fieldSquare(scene.marks.capturedHeadquarters, scene.columns, gridCorner, fieldPixels_);
+    return united;
+}
+
+std::vector<QRgb> MapPainter::MarkColours() { return {kMarkColour, kCaptureColour, kMarkEdgeColour}; }
+
 QSize MapPainter::sceneSize(const MapScene& scene, bool captions) const {
     const int band = captions && scene.hasCaptions() ? fieldPixels_ : 0;
     return QSize(band + scene.columns * fieldPixels_, band + scene.rows() * fieldPixels_);
@@ -111,6 +195,7 @@ void MapPainter::paintScene(QPainter& painter, const MapScene& scene, bool capti
     painter.setClipRect(exposed);
     painter.fillRect(exposed, palette.color(QPalette::Window));
     paintFields(painter, scene, QPoint(band, band), exposed);
+    paintMarks(painter, scene, QPoint(band, band), exposed);
     if (band > 0) paintCaptions(painter, scene, QPoint(band, band), whole, exposed, palette);
     painter.restore();
 }

@@ -5,12 +5,14 @@
 #include <string>
 #include <vector>
 
+#include <QColor>
 #include <QPalette>
 #include <QPixmap>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
 
+#include "view/action_marks.h"
 #include "view/grid_layout.h"
 
 class QImage;
@@ -26,6 +28,9 @@ struct MapScene {
     // for a grid that has none.
     std::vector<std::string> columnCaptions;
     std::vector<std::string> rowCaptions;
+    // The current action's marks, drawn over the pictures; empty when the action is not
+    // highlighted.
+    ActionMarks marks;
 
     int rows() const { return columns > 0 ? (static_cast<int>(pictures.size()) + columns - 1) / columns : 0; }
     bool hasCaptions() const { return !columnCaptions.empty() || !rowCaptions.empty(); }
@@ -57,12 +62,22 @@ public:
     void paintCaptions(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& view,
                        const QRect& exposed, const QPalette& palette);
 
+    // The scene's action marks over the fields that meet `exposed`: an outline on each marked
+    // field, an arrow from field to field and a cross on a captured headquarters. Their edges
+    // are never smoothed, so they add no colour but their own, at any size.
+    void paintMarks(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) const;
+    // Where the marks are painted: within the squares of the fields they name; empty for none.
+    QRect marksRect(const MapScene& scene, QPoint gridCorner) const;
+    // The colours of the marks, which a picture with them holds besides the pictures' own.
+    static std::vector<QRgb> MarkColours();
+
     // Letters drawn in the pen's colour alone, their edges not smoothed: a picture then holds
-    // no colour but the field pictures' and the bands' two, which a GIF's palette needs.
+    // no colour but the field pictures' and the bands' two (and the marks'), which a GIF's
+    // palette needs.
     void setSharpLetters(bool sharp) { sharpLetters_ = sharp; }
 
     // The whole scene as an image: the captions' bands above and left of the grid when asked
-    // for; otherwise the grid alone, one picture per field and nothing else.
+    // for; otherwise the grid alone, one picture per field and the marks the scene holds.
     QImage render(const MapScene& scene, bool captions, const QPalette& palette);
     QSize sceneSize(const MapScene& scene, bool captions) const;
     // The part `exposed` of that image, painted anew with the same pixels.

@@ -14,6 +14,7 @@
 #include "export/export_command_line.h"
 #include "export/map_export.h"
 #include "model/replay_loader.h"
+#include "view/action_marks.h"
 #include "view/field_pictures.h"
 
 using namespace trelvin;
@@ -27,8 +28,8 @@ WorldState battle() {
     return world;
 }
 
-// The pictures the window chose at `action`, reached with a redraw after every step.
-std::vector<int> shownAt(const WorldState& replay, int action, ViewMode mode) {
+// The pictures the window chose at `action`, reached with a redraw after every step, and its marks.
+std::pair<std::vector<int>, ActionMarks> shownAt(const WorldState& replay, int action, ViewMode mode) {
     WorldState world = replay;
     RecordingReporter reporter;
     std::vector<int> pictures;
@@ -36,7 +37,7 @@ std::vector<int> shownAt(const WorldState& replay, int action, ViewMode mode) {
         ExecuteEvent(world, std::int16_t(i), reporter);
         pictures = RedrawPictures(world, mode, world.fieldCount());
     }
-    return pictures;
+    return {pictures, MarkAction(world, action, mode, world.fieldCount())};
 }
 
 QImage exported(const WorldState& world, int action, const PictureOptions& options, const QString& path) {
@@ -119,20 +120,35 @@ class MapExportTest : public QObject {
 private slots:
     void initTestCase() { Q_INIT_RESOURCE(assets); }
 
+    // The marks, when asked for, change the marked fields' squares and nothing outside them.
     void aPictureAtTwentyPixelsIsTheGridOfTheFieldPictures() {
         const WorldState world = battle();
         QTemporaryDir directory;
+        int marked = 0;
         for (const ViewMode mode : {ViewMode::All, ViewMode::AsLes, ViewMode::AsLouka}) {
-            for (const int action : {1, 2, 40, int(world.eventCount)}) {
-                const QImage image = exported(world, action, {mode, 20, false, false}, directory.filePath("p.png"));
+            for (const int action : {1, 2, 18, 40, 53, 71, 86, int(world.eventCount)}) {
+                const QImage image = exported(world, action, {mode, 20, false, false, false}, directory.filePath("p.png"));
+                const QImage highlighted = exported(world, action, {mode, 20, false, false, true}, directory.filePath("h.png"));
                 QCOMPARE(image.size(), QSize(8 * 20, 6 * 20));
-                const std::vector<int> shown = shownAt(world, action, mode);
+                const auto [shown, marks] = shownAt(world, action, mode);
+                const auto square = [](int k) { return QRect((k - 1) % 8 * 20, (k - 1) / 8 * 20, 20, 20); };
+                QRect reach;  // the squares of the marked fields, and the fields an arrow between them crosses
+                for (const int k : marks.outlined) reach |= square(k);
+                if (marks.capturedHeadquarters != 0) reach |= square(marks.capturedHeadquarters);
                 for (int k = 1; k <= 48; ++k) {
                     const QImage field = QImage(QStringLiteral(":/fields/%1.png").arg(shown[k - 1], 2, 10, QLatin1Char('0')));
-                    QCOMPARE(image.copy((k - 1) % 8 * 20, (k - 1) / 8 * 20, 20, 20), field.convertToFormat(QImage::Format_RGB32));
+                    QCOMPARE(image.copy(square(k)), field.convertToFormat(QImage::Format_RGB32));
+                    const bool isMarked = std::find(marks.outlined.begin(), marks.outlined.end(), k) != marks.outlined.end() ||
+                                          marks.capturedHeadquarters == k;
+                    const bool changed = highlighted.copy(square(k)) != image.copy(square(k));
+                    const QString where = QStringLiteral("view %1, action %2, field %3").arg(int(mode)).arg(action).arg(k);
+                    if (isMarked) QVERIFY2(changed, qPrintable(where));
+                    if (!reach.intersects(square(k))) QVERIFY2(!changed, qPrintable(where));
+                    marked += isMarked;
                 }
             }
         }
+        QVERIFY2(marked >= 10, "the actions chosen mark fields");
     }
 
     void animationFramesDecodeToThePicturesOfTheirActions_data() {
@@ -143,12 +159,16 @@ private slots:
         QTest::addColumn<int>("pixels");
         QTest::addColumn<bool>("labels");
         QTest::addColumn<bool>("caption");
-        QTest::newRow("gif, the whole game with letters and captions") << "a.gif" << 1 << 89 << 2 << 20 << true << true;
-        QTest::newRow("gif as les, larger") << "a.gif" << 20 << 60 << 1 << 30 << false << false;
-        QTest::newRow("gif as louka, smoothed pictures that fit") << "a.gif" << 1 << 30 << 0 << 6 << true << false;
-        QTest::newRow("gif of one action") << "a.gif" << 89 << 89 << 2 << 20 << false << true;
-        QTest::newRow("webp, the whole game with letters and captions") << "a.webp" << 1 << 89 << 2 << 20 << true << true;
-        QTest::newRow("webp as louka, smoothed pictures") << "a.webp" << 30 << 50 << 0 << 12 << true << false;
+        QTest::addColumn<bool>("highlight");
+        QTest::newRow("gif, the whole game with letters and captions") << "a.gif" << 1 << 89 << 2 << 20 << true << true << false;
+        QTest::newRow("gif, the whole game highlighted") << "a.gif" << 1 << 89 << 2 << 20 << true << true << true;
+        QTest::newRow("gif as les, larger") << "a.gif" << 20 << 60 << 1 << 30 << false << false << false;
+        QTest::newRow("gif as les, highlighted, larger") << "a.gif" << 20 << 60 << 1 << 40 << false << false << true;
+        QTest::newRow("gif as louka, smoothed pictures that fit") << "a.gif" << 1 << 30 << 0 << 6 << true << false << false;
+        QTest::newRow("gif as louka, smoothed and highlighted") << "a.gif" << 1 << 89 << 0 << 6 << false << false << true;
+        QTest::newRow("gif of one action") << "a.gif" << 89 << 89 << 2 << 20 << false << true << false;
+        QTest::newRow("webp, the whole game with letters and captions") << "a.webp" << 1 << 89 << 2 << 20 << true << true << false;
+        QTest::newRow("webp as louka, smoothed pictures, highlighted") << "a.webp" << 30 << 50 << 0 << 12 << true << false << true;
     }
 
     void animationFramesDecodeToThePicturesOfTheirActions() {
@@ -159,9 +179,10 @@ private slots:
         QFETCH(int, pixels);
         QFETCH(bool, labels);
         QFETCH(bool, caption);
+        QFETCH(bool, highlight);
         const WorldState world = battle();
         QTemporaryDir directory;
-        const PictureOptions options{ViewMode(view), pixels, labels, caption};
+        const PictureOptions options{ViewMode(view), pixels, labels, caption, highlight};
         const QString path = directory.filePath(name);
         QCOMPARE(ExportMap(world, {path, first, last, 120, options, QPalette()}).status, ExportOutcome::Status::Written);
         const auto frames = name.endsWith(".gif") ? gifFrames(path) : webpFrames(path);
@@ -246,12 +267,14 @@ private slots:
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<int>("status");  // -1: an export is asked for
         QTest::addColumn<QString>("printed");
-        QTest::newRow("a picture") << QStringList{"f.trp", "--at", "3", "-o", "a.png"} << -1 << "f.trp 3-3 all 20 00 200 a.png";
+        QTest::newRow("a picture") << QStringList{"f.trp", "--at", "3", "-o", "a.png"} << -1 << "f.trp 3-3 all 20 000 200 a.png";
         QTest::newRow("everything, with =") << QStringList{"--at=2", "--to=9", "--view=les", "--field=30", "--labels", "--caption",
-                                                          "--delay=100", "--output=a.WEBP", "f.trp"}
-                                            << -1 << "f.trp 2-9 les 30 11 100 a.WEBP";
+                                                          "--highlight", "--delay=100", "--output=a.WEBP", "f.trp"}
+                                            << -1 << "f.trp 2-9 les 30 111 100 a.WEBP";
+        QTest::newRow("highlighted only") << QStringList{"f.trp", "--highlight", "--at", "3", "-o", "a.png"} << -1
+                                          << "f.trp 3-3 all 20 001 200 a.png";
         QTest::newRow("a replay named like an option") << QStringList{"--at", "1", "-o", "a.gif", "--", "-x.trp"} << -1
-                                                       << "-x.trp 1-1 all 20 00 200 a.gif";
+                                                       << "-x.trp 1-1 all 20 000 200 a.gif";
         QTest::newRow("help") << QStringList{"f.trp", "--help"} << 0 << "usage: trelvin-export";
         QTest::newRow("version") << QStringList{"-v"} << 0 << "trelvin-export " TRELVIN_VERSION;
         const QStringList picture{"f.trp", "-o", "a.png"};
@@ -269,7 +292,8 @@ private slots:
         QTest::newRow("a png of many") << (picture + QStringList{"--at", "1", "--to", "2"}) << 2 << "--to needs";
         QTest::newRow("backwards") << QStringList{"f.trp", "--at", "5", "--to", "4", "-o", "a.gif"} << 2 << "--to must not";
         QTest::newRow("no known format") << QStringList{"f.trp", "--at", "5", "-o", "a.jpg"} << 2 << "OUT must end";
-        QTest::newRow("unknown option") << (picture + QStringList{"--at", "1", "--highlight"}) << 2 << "unknown option";
+        QTest::newRow("unknown option") << (picture + QStringList{"--at", "1", "--glow"}) << 2 << "unknown option";
+        QTest::newRow("help names the marks") << QStringList{"--help"} << 0 << "--highlight";
         QTest::newRow("a flag with a value") << (picture + QStringList{"--at", "1", "--labels=1"}) << 2 << "unknown option";
     }
 
@@ -284,14 +308,14 @@ private slots:
             QVERIFY2(read.arguments.has_value(), read.error.c_str());
             const ExportArguments& a = *read.arguments;
             const char* views[] = {"louka", "les", "all"};
-            const QString asked = QStringLiteral("%1 %2-%3 %4 %5 %6%7 %8 %9")
+            const QString flags = QStringLiteral("%1%2%3").arg(int(a.picture.labels)).arg(int(a.picture.caption)).arg(int(a.picture.highlight));
+            const QString asked = QStringLiteral("%1 %2-%3 %4 %5 %6 %7 %8")
                                       .arg(QString::fromStdString(a.replay))
                                       .arg(a.first)
                                       .arg(a.last.value_or(a.first))
                                       .arg(views[int(a.picture.view)])
                                       .arg(a.picture.fieldPixels)
-                                      .arg(int(a.picture.labels))
-                                      .arg(int(a.picture.caption))
+                                      .arg(flags)
                                       .arg(a.delayMilliseconds)
                                       .arg(QString::fromStdString(a.output));
             QCOMPARE(asked, printed);

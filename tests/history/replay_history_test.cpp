@@ -50,5 +50,36 @@ TEST(ActionLogTest, RecordsWhatEachEventDidWithoutTouchingTheWorld) {
               std::tuple(5, 7, 0, 5));
 }
 
+// Who each event was by and whose field it reached, as the world stood before it.
+TEST(ActionPlayersTest, NamesTheActorAndThePlayerReachedBeforeEachEvent) {
+    WorldState w;
+    ASSERT_TRUE(Load(w, "0;Hraci;2;3;1;3\n2004-06-19-08-00-00;create_world;NNN\n"
+                        "2004-06-19-08-10-00;create_hq;Karel;les;A0\n2004-06-19-08-20-00;create_hq;Jana;louka;C0\n"
+                        "2004-06-19-08-30-00;buy;A0;Vosi\xE8ka;2\n2004-06-19-08-31-00;attack;A0;B0;1;1;1\n"
+                        "2004-06-19-08-32-00;move;B0;A0;1\n2004-06-19-08-33-00;trade;Jana;Karel;5\n"
+                        "2004-06-19-08-34-00;convert_gnd;C0;B\n2004-06-19-08-35-00;retreat;B0;1\n"
+                        "2004-06-19-08-36-00;attack;A0;C0;1;1;1\n2004-06-19-08-37-00;move;Q7;A0;1\n")
+                    .empty());
+    const ReplayHistory history = ReplayHistory::Build(w);
+    const ActionPlayers& players = history.players;
+    ASSERT_EQ(players.names(), (std::vector<std::string>{"Karel", "Jana"}));
+    constexpr int none = ActionPlayers::kNobody;
+    // 1 world, 2 and 3 headquarters, 4 start, then the lines in order.
+    const std::pair<int, int> expected[] = {
+        {none, none}, {0, none}, {1, none}, {none, none}, {0, none}, {0, none} /* B0 free before */, {0, 0},
+        {1, 0},       {1, none}, {0, none}, {0, 1} /* the headquarters taken */, {none, 0} /* no such field */};
+    ASSERT_EQ(history.log.size(), 12);
+    for (int i = 1; i <= 12; ++i)
+        EXPECT_EQ(std::pair(players.actor(i), players.reached(i)), expected[i - 1]) << "event " << i;
+    std::string karels, janas;
+    for (int i = 1; i <= 12; ++i) {
+        if (players.concerns(i, 0)) karels += std::to_string(i) + " ";
+        if (players.concerns(i, 1)) janas += std::to_string(i) + " ";
+    }
+    EXPECT_EQ(karels, "2 5 6 7 8 10 11 12 ");
+    EXPECT_EQ(janas, "3 8 9 11 ");
+    EXPECT_FALSE(players.concerns(1, none));
+}
+
 }  // namespace
 }  // namespace trelvin

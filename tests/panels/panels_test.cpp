@@ -13,11 +13,22 @@
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
 #include "playback/clock_face.h"
+#include "playback/position_texts.h"
 #include "playback/timeline.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;
 using trelvin::ViewMode;
+
+// An event an hour for ten days: 240 hours, far more than a short timeline has pixels for.
+static std::string HourlyReplay() {
+    std::string text = "0;Hodiny;9;3;2;3\r\n2004-01-06-00-00-00;create_world;NNNNNN\r\n";
+    for (int day = 1; day <= 10; ++day)
+        for (int hour = 0; hour < 24; ++hour)
+            text += "2004-" + std::string(day < 10 ? "0" : "") + std::to_string(day) + "-06-" + (hour < 10 ? "0" : "") +
+                    std::to_string(hour) + "-30-00;fly\r\n";
+    return text;
+}
 
 // Jana's headquarters falls at event 5.
 static const std::string kFall = "0;Dobyti;2;2;1;3\r\n2004-06-19-08-00-00;create_world;NN\r\n"
@@ -193,6 +204,100 @@ private slots:
         emit list.table()->clicked(list.table()->model()->index(5, 0));
         QCOMPARE(t.session.position(), 6);
         QCOMPARE(list.table()->currentIndex().row(), 5);
+    }
+
+    void theListFiltersByPlayerExplainsItsRowsAndMarksWhereTheCurrentActionStands() {
+        Session t;
+        trelvin::ActionListPanel list(t.session, nullptr);
+        list.resize(480, 500);
+        list.show();
+        t.open(kCapture);
+        QCOMPARE(list.playerBox()->count(), 3);  // everyone, Karel, Jana
+        list.playerBox()->setCurrentIndex(1);    // Karel: his headquarters, his failed move, his attack
+        QCOMPARE(list.shownEvents(), (std::vector<int>{2, 5, 6}));
+        list.playerBox()->setCurrentIndex(2);  // Jana: her headquarters, the attack on her field
+        QCOMPARE(list.shownEvents(), (std::vector<int>{3, 6}));
+        list.setKind(trelvin::EventKind::Attacks);
+        QCOMPARE(list.shownEvents(), std::vector<int>{6});
+        // The current action hidden: a mark above the first row after it, or under the last row.
+        QCOMPARE(list.table()->hereRow(), 0);
+        QVERIFY(!list.table()->currentIndex().isValid());
+        t.session.last();
+        QCOMPARE(list.table()->hereRow(), 1);
+        t.session.jumpTo(6);
+        QCOMPARE(list.table()->hereRow(), -1);
+        QCOMPARE(list.table()->currentIndex().row(), 0);
+        // The whole of the selected action: its description, who played and whose field it reached.
+        const QString detail = list.detail()->toPlainText();
+        for (const char* part : {"Akce 6", "Utok se zdaril", "Dobyto veleni hrace Jana", "Hrac: Karel", "Na poli hrace: Jana"})
+            QVERIFY2(detail.contains(part), qPrintable(detail));
+        const QString tip = list.table()->model()->index(0, 3).data(Qt::ToolTipRole).toString();
+        QVERIFY2(tip.contains("Dobyto veleni hrace Jana"), qPrintable(tip));
+
+        list.setPlayer(trelvin::ActionPlayers::kNobody);
+        list.setKind(trelvin::EventKind::All);
+        list.searchBox()->setText("zzz");
+        QCOMPARE(list.shownEvents(), std::vector<int>{});
+        QCOMPARE(list.table()->emptyText(), QString("Nic nenalezeno"));
+        list.searchBox()->setText("Z9");  // a field: the failed move that names it
+        QCOMPARE(list.shownEvents(), std::vector<int>{5});
+        QCOMPARE(list.table()->emptyText(), QString());
+        list.searchBox()->setText("z9");  // another field, which nothing names
+        QCOMPARE(list.shownEvents(), std::vector<int>{});
+        list.searchBox()->clear();
+        t.session.jumpTo(5);
+        QVERIFY2(list.detail()->toPlainText().contains("Chyba pri provadeni tahu"), qPrintable(list.detail()->toPlainText()));
+    }
+
+    // While another replay opens, anything that redraws before its history is built must not
+    // show rows of the replay it replaces from a history that is gone.
+    void theListAndTheTimelineLetGoOfAReplayBeingReplaced() {
+        Session t;
+        trelvin::ActionListPanel list(t.session, nullptr);
+        trelvin::TimelineStrip strip(t.session, nullptr);
+        t.open(kCapture);
+        std::vector<std::pair<int, int>> shownWhileOpening;  // the list's rows, the timeline's last event
+        connect(&t.session, &trelvin::ReplaySession::replacing, this, [&] {
+            shownWhileOpening.emplace_back(list.table()->model()->rowCount(), strip.timeline->visibleRange().second);
+        }, Qt::DirectConnection);
+        t.open(kAlfa);
+        QCOMPARE(shownWhileOpening, (std::vector<std::pair<int, int>>{{0, 0}}));
+        QCOMPARE(list.shownEvents(), Range(1, 7));
+    }
+
+    void theTimelineZoomsAroundThePointerThinsItsTicksAndTellsTheEventUnderIt() {
+        Session t;
+        trelvin::TimelineStrip strip(t.session, nullptr);
+        strip.resize(400, 60);
+        strip.show();
+        t.open(HourlyReplay());
+        trelvin::Timeline& timeline = *strip.timeline;
+        const int count = t.session.eventCount();
+        QCOMPARE(timeline.visibleRange(), std::pair(1, count));
+        QVERIFY(!timeline.scrollBar()->isEnabled());
+        QVERIFY(timeline.showsDays());  // 240 hours on a bar of a few hundred pixels
+        const int x = timeline.xOf(100);
+        const auto turn = [&](int eighths) {
+            QWheelEvent wheel(QPointF(x, 10), timeline.mapToGlobal(QPointF(x, 10)), {}, QPoint(0, eighths), Qt::NoButton,
+                              Qt::ControlModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(&timeline, &wheel);
+        };
+        for (int notch = 0; notch < 6; ++notch) turn(120);
+        const auto [first, last] = timeline.visibleRange();
+        QVERIFY2(last - first < count / 4, qPrintable(QString("%1 to %2").arg(first).arg(last)));
+        QVERIFY2(std::abs(timeline.eventAt(x) - 100) <= 1, qPrintable(QString::number(timeline.eventAt(x))));
+        QVERIFY(!timeline.showsDays());
+        QVERIFY(timeline.scrollBar()->isEnabled());
+        timeline.scrollBar()->setValue(0);  // panned to the start, as wide as before
+        QCOMPARE(timeline.visibleRange(), std::pair(1, 1 + last - first));
+        const QString hover = timeline.hoverText(timeline.xOf(10));
+        for (const QString& part : {QString("Akce 10 z %1").arg(count), QString("Druh: fly"),
+                                    trelvin::GeneralDateText(t.session.world().events[10].time)})
+            QVERIFY2(hover.contains(part), qPrintable(hover));
+        t.session.jumpTo(count);  // the stretch follows the position
+        QCOMPARE(timeline.visibleRange().second, count);
+        for (int notch = 0; notch < 20; ++notch) turn(-120);
+        QCOMPARE(timeline.visibleRange(), std::pair(1, count));
     }
 
     void theTimelineJumpsWhereItIsClickedAndFollowsThePosition() {

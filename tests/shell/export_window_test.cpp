@@ -33,20 +33,25 @@ private slots:
         t.window->resize(1200, 760);  // room for the whole map at every size below
         trelvin::MapPanel& map = *t.window->grid;
         const QString path = t.directory.filePath("map.png");
-        for (const auto& [view, pixels] : {std::pair{0, 20}, {1, 30}, {2, 20}, {2, 12}}) {
+        for (const auto& [view, pixels, highlight] :
+             {std::tuple{0, 20, true}, {1, 30, false}, {1, 30, true}, {2, 20, false}, {2, 12, true}}) {
             t.window->Frame2->o[view]->click();
             map.setFieldPixels(pixels);
+            map.highlightAction->setChecked(highlight);
             t.controls.cmdBegin->click();
             for (int action = 1; action <= t.world().eventCount; ++action) {
                 if (action > 1) t.controls.cmdForw->click();
-                if (action != 1 && action != 17 && action != 40 && action != t.world().eventCount) continue;
-                const trelvin::ExportJob job{path, action, action, 200, {trelvin::ViewMode(view), pixels, false, false}, {}};
+                if (action != 1 && action != 17 && action != 18 && action != 40 && action != 71 &&
+                    action != t.world().eventCount)
+                    continue;
+                const trelvin::ExportJob job{
+                    path, action, action, 200, {trelvin::ViewMode(view), pixels, false, false, highlight}, {}};
                 QCOMPARE(t.window->exports->run(job).status, ExportOutcome::Status::Written);
                 const QImage exported(path);
                 const QRect fields(map.fieldRectInViewport(1).topLeft(), exported.size());
                 const QImage shown = map.viewport()->grab().toImage().copy(fields).convertToFormat(QImage::Format_RGB32);
                 QVERIFY2(shown == exported.convertToFormat(QImage::Format_RGB32),
-                         qPrintable(QStringLiteral("view %1, %2 px, action %3").arg(view).arg(pixels).arg(action)));
+                         qPrintable(QStringLiteral("view %1, %2 px, marks %3, action %4").arg(view).arg(pixels).arg(int(highlight)).arg(action)));
             }
         }
         QCOMPARE(t.messages.texts, QStringList{});
@@ -63,16 +68,18 @@ private slots:
         t.window->grid->setFieldPixels(30);
         const QString folder = QFileInfo(sample()).absolutePath();
 
-        ExportDialog picture(t.window->session(), t.window->grid->fieldPixels(), ExportDialog::Kind::Picture, nullptr);
+        ExportDialog picture(t.window->session(), t.window->grid->fieldPixels(), t.window->grid->highlightAction->isChecked(),
+                             ExportDialog::Kind::Picture, nullptr);
         const trelvin::ExportJob still = picture.job();
         QCOMPARE(std::tuple(still.first, still.last, int(still.picture.view), still.picture.fieldPixels, still.picture.labels,
-                            still.picture.caption),
-                 std::tuple(12, 12, 1, 30, true, false));
+                            still.picture.caption, still.picture.highlight),
+                 std::tuple(12, 12, 1, 30, true, false, true));
         QCOMPARE(still.path, folder + "/bitva-u-potoka-akce-12.png");
         QVERIFY(!picture.from->isEnabled());
         QCOMPARE(picture.summary->text(), QString("Obrazek 270 x 210 bodu"));
 
-        ExportDialog animation(t.window->session(), 30, ExportDialog::Kind::Animation, nullptr);
+        ExportDialog animation(t.window->session(), 30, false, ExportDialog::Kind::Animation, nullptr);
+        QVERIFY(!animation.job().picture.highlight);
         QCOMPARE(animation.job().path, folder + "/bitva-u-potoka-akce-12-89.gif");
         animation.from->setValue(95);  // past the end: both ends keep their order
         QCOMPARE(std::pair(animation.from->value(), animation.to->value()), std::pair(89, 89));
@@ -80,7 +87,8 @@ private slots:
         animation.format->setCurrentIndex(1);
         QCOMPARE(animation.job().path, folder + "/bitva-u-potoka-akce-20-89.webp");
         animation.caption->setChecked(true);
-        QCOMPARE(animation.summary->text(), QString("70 snimku, 270 x %1 bodu").arg(210 + trelvin::FrameSize(0, 0, {trelvin::ViewMode::All, 30, false, true}).height()));
+        QCOMPARE(animation.summary->text(),
+                 QString("70 snimku, 270 x %1 bodu").arg(210 + trelvin::FrameSize(0, 0, {trelvin::ViewMode::All, 30, false, true, false}).height()));
         // A name typed stays; its extension chooses the format, and a name without one gets it.
         animation.path->setText(t.directory.filePath("moje.gif"));
         emit animation.path->textEdited(animation.path->text());

@@ -1,6 +1,9 @@
 // Finding one's way through a replay in the window: a jump leaves exactly what the steps leave
 // on the screen, the jump keys find their events, a jump across failing events puts their
 // messages on the status line instead of message boxes, and the prompt answers bad numbers itself.
+#include <QApplication>
+#include <QLabel>
+
 #include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
 #include "panels/jump_menu.h"
@@ -82,11 +85,35 @@ private slots:
         QCOMPARE(t.messages.texts.size(), 1);
     }
 
+    void theStatusLineTellsTheLastJumpOnlyUntilTheNextMoveOrOpen() {
+        Window t;
+        t.open("dobyti.trp", kCapture);
+        frmMain& w = *t.window;
+        const auto status = [&w] { return w.statusBar()->currentMessage(); };
+        w.mnuPrejit->nextFailure->trigger();
+        QVERIFY2(status().startsWith("Akce 5: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        t.controls.cmdBack_Click();
+        QCOMPARE(status(), QString());
+        w.session().jumpTo(6);
+        QVERIFY2(status().startsWith("Akce 6: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        t.controls.cmdForw_Click();
+        QCOMPARE(status(), QString());
+        w.mnuPrejit->nextCapture->trigger();  // none after the last: said, until the next move
+        QCOMPARE(status(), QString("Dale uz zadna takova akce neni"));
+        t.controls.cmdBegin_Click();
+        QCOMPARE(status(), QString());
+        w.session().jumpTo(3);
+        QCOMPARE(status(), QString("Akce 3"));
+        t.open("alfa.trp", kAlfa);
+        QCOMPARE(status(), QString());
+    }
+
     void thePromptAnswersBadNumbersItself() {
         Window t;
         t.activate();
         t.open("dobyti.trp", kCapture);
         QStringList problems;
+        std::vector<std::pair<int, int>> heights;  // each answer's height, and the height its text needs
         int rounds = 0;
         const std::function<void()> answer = [&] {
             auto* prompt = t.window->findChild<trelvin::JumpPrompt*>();
@@ -95,6 +122,10 @@ private slots:
                 prompt->entry()->setText(entry);
                 QTest::keyClick(prompt->entry(), Qt::Key_Return);
                 problems << prompt->problem()->text();
+                // The answer wraps; the prompt grows to hold all its lines.
+                QApplication::processEvents();
+                const QLabel& problem = *prompt->problem();
+                heights.emplace_back(problem.height(), problem.heightForWidth(problem.width()));
             }
             prompt->entry()->setText(++rounds == 1 ? "4" : "2");
             QTest::keyClick(prompt->entry(), rounds == 1 ? Qt::Key_Return : Qt::Key_Escape);
@@ -106,6 +137,7 @@ private slots:
         QVERIFY2(problems[0].contains("abc"), qPrintable(problems[0]));
         QVERIFY2(problems[1].contains("99"), qPrintable(problems[1]));
         QVERIFY2(problems[2].contains("od 1 do 7"), qPrintable(problems[2]));
+        for (const auto& [height, needed] : heights) QVERIFY2(height >= needed, qPrintable(QString("%1 < %2").arg(height).arg(needed)));
         QTimer::singleShot(0, answer);
         t.window->mnuPrejit->jumpToAction->trigger();  // Escape: nowhere
         QCOMPARE(t.window->session().position(), 4);

@@ -1,5 +1,8 @@
 // The window's keys, a dropped file and the field tooltip: each key presses exactly the button
 // of the mode shown and nothing when that button is disabled; text fields keep their keys.
+#include "panels/description_strip.h"
+#include "panels/help_menu.h"
+#include "playback/clock_face.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -62,6 +65,45 @@ private slots:
             for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());
             QCOMPARE(field->text(), QString("B1 "));
         }
+    }
+
+    // Napoveda -> Klavesy (F1) lists every key the window has.
+    void theKeyTableNamesEveryKeyOfTheWindow() {
+        Window t;
+        QList<QKeySequence> listed;
+        for (const trelvin::KeyRow& row : trelvin::KeyTable()) listed += row.sequences;
+        QStringList missing;
+        for (const QAction* action : t.window->findChildren<QAction*>())
+            for (const QKeySequence& key : action->shortcuts())
+                if (!listed.contains(key)) missing << action->text() + ": " + key.toString();
+        for (const QShortcut* shortcut : t.window->findChildren<QShortcut*>())
+            if (!listed.contains(shortcut->key())) missing << shortcut->key().toString();
+        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(", ")));
+        QCOMPARE(t.window->mnuNapoveda->keysAction->shortcut(), QKeySequence(Qt::Key_F1));
+        t.window->mnuNapoveda->keysAction->trigger();
+        auto* table = t.window->findChild<QDialog*>("keyTable")->findChild<QTableWidget*>();
+        QCOMPARE(table->rowCount(), int(trelvin::KeyTable().size()));
+        QCOMPARE(table->item(0, 0)->text(), QString("Sipka vpravo / vlevo"));
+        t.window->mnuNapoveda->keysAction->trigger();  // one table at a time
+        QCOMPARE(t.window->findChildren<QDialog*>("keyTable").size(), 1);
+    }
+
+    // Every button says what it does and, where a key presses it, which key; the clock says how
+    // to read it; "O programu" names the version, the licence and the files read.
+    void everyButtonAndTheClockHaveATooltipWithTheirKey() {
+        Window t;
+        const std::pair<QPushButton*, const char*> keyed[] = {
+            {t.controls.cmdBegin, "Home"},      {t.controls.cmdBack, "Sipka vlevo"}, {t.controls.cmdForw, "Sipka vpravo"},
+            {t.controls.cmdEnd, "End"},         {t.controls.cmdSBegin, "Home"},      {t.controls.cmdS, "Mezernik"},
+            {t.controls.cmdD, "Mezernik"},      {t.controls.cmdSEnd, "End"},
+        };
+        for (const auto& [button, key] : keyed)
+            QVERIFY2(button->toolTip().contains(QString("(%1)").arg(key)), qPrintable(button->text() + ": " + button->toolTip()));
+        for (const QPushButton* button : t.window->findChildren<QPushButton*>())
+            QVERIFY2(!button->toolTip().isEmpty(), qPrintable(button->text()));
+        QVERIFY(!t.window->strip->pHod->toolTip().isEmpty());
+        const QString about = trelvin::AboutText();
+        for (const char* part : {TRELVIN_VERSION, "Licence", "*.trp"}) QVERIFY2(about.contains(part), part);
     }
 
     void droppedFileRunsTheOpenFlowWithoutTheDialog() {

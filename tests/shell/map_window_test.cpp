@@ -36,6 +36,31 @@ private slots:
         QCOMPARE(t.window->strip->lblTah->text(), QString("1 (7)"));
     }
 
+    // Zobrazeni -> Zvyraznit akci: on at start, the marks as far as the way of viewing sees.
+    void theCurrentActionIsMarkedInEveryWayOfViewingUntilTurnedOff() {
+        Window t;
+        t.open("alfa.trp", kAlfa);
+        frmMain& w = *t.window;
+        QVERIFY(w.mnuZobrazeni->actions().contains(w.grid->highlightAction));
+        QVERIFY(w.grid->highlightAction->isChecked());
+        for (int i = 1; i < 6; ++i) t.controls.cmdForw_Click();  // Karel's attack from A0 on B0
+        const auto marks = [&w] {
+            const trelvin::ActionMarks& m = w.grid->scene().marks;
+            return std::tuple(m.outlined, m.arrowFrom, m.arrowTo);
+        };
+        QCOMPARE(marks(), std::tuple(std::vector<int>{1, 2}, 1, 2));
+        w.Frame2->o[0]->click();  // as louka: A0 is out of sight, and nothing points to it
+        QCOMPARE(marks(), std::tuple(std::vector<int>{2}, 0, 0));
+        w.grid->highlightAction->trigger();
+        QVERIFY(w.grid->scene().marks.empty());
+        t.controls.cmdBack_Click();
+        QVERIFY(w.grid->scene().marks.empty());
+        w.grid->highlightAction->trigger();
+        QCOMPARE(marks(), std::tuple(std::vector<int>{}, 0, 0));  // Karel's purchase, hidden from louka
+        w.Frame2->o[2]->click();
+        QCOMPARE(marks(), std::tuple(std::vector<int>{1}, 0, 0));
+    }
+
     void cancelledFirstDialogReportsAndLeavesTheButtonsDisabled() {
         Window t;
         t.files.answers.push_back(std::nullopt);

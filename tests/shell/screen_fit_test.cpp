@@ -3,6 +3,7 @@
 // fits its box.
 #include "model/field_addressing.h"
 #include "panels/description_strip.h"
+#include "panels/fitting_label.h"
 #include "playback/position_texts.h"
 #include "shell/window_fixture.h"
 
@@ -17,6 +18,13 @@ static QRect FieldInWindow(const frmMain& w, int k) {
 static QString Hover(trelvin::MapGrid& grid, QPoint at) {
     QHelpEvent help(QEvent::ToolTip, at, grid.viewport()->mapToGlobal(at));
     QApplication::sendEvent(grid.viewport(), &help);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+}
+
+static QString HoverText(QWidget& widget) {
+    const QPoint at = widget.rect().center();
+    QHelpEvent help(QEvent::ToolTip, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &help);
     return QToolTip::isVisible() ? QToolTip::text() : QString();
 }
 
@@ -150,6 +158,37 @@ private slots:
                            .arg(text).arg(needed.width()).arg(needed.height()).arg(widget->width()).arg(widget->height());
         }
         QVERIFY2(cut.isEmpty(), qPrintable(cut.join("; ")));
+    }
+
+    // A value too long for its box is drawn smaller in the same box, its whole text in the tooltip;
+    // the description keeps above the frame of the ways of viewing.
+    void aValueTooLongIsDrawnSmallerWithItsWholeTextInTheTooltip() {
+        Window t;
+        t.activate();
+        frmMain& w = *t.window;
+        trelvin::FittingLabel& nectar = *w.f->lblMnozstviNektaru;
+        const QRect designed = nectar.geometry();
+        nectar.setText("1245296 (+ 2406/hod)");
+        QVERIFY(!nectar.fitsIn(nectar.font()));
+        const QFont fitted = nectar.fittedFont();
+        QVERIFY2(fitted.pixelSize() < nectar.font().pixelSize(), qPrintable(QString::number(fitted.pixelSize())));
+        QVERIFY2(fitted.pixelSize() >= trelvin::FittingLabel::kSmallestPixels, qPrintable(QString::number(fitted.pixelSize())));
+        QVERIFY(nectar.fitsIn(fitted));
+        QCOMPARE(nectar.geometry(), designed);
+        QTRY_COMPARE(HoverText(nectar), QString("1245296 (+ 2406/hod)"));
+        nectar.setText("500 (+ 12/hod)");  // a value that fits: its own font, no tooltip
+        QCOMPARE(nectar.fittedFont(), nectar.font());
+        QTRY_COMPARE(HoverText(nectar), QString());
+
+        trelvin::FittingLabel& description = *w.strip->lbl;
+        description.setText("Utok z F4 (Bartolomej Svatopluk) na E3 (Maximilian Ferdinand) s 32767 jednotkami.\n"
+                            "Utok se zdaril prezilo 32767 jednotek\nDobyto veleni hrace Maximilian Ferdinand\n"
+                            "Akce stala 32767 tah(u).");
+        QVERIFY(!description.fitsIn(description.font()));
+        QVERIFY(description.fitsIn(description.fittedFont()));
+        const int textBottom = description.mapTo(&w, description.contentsRect().bottomLeft()).y();
+        QVERIFY2(textBottom < w.Frame2->mapTo(&w, QPoint()).y(), qPrintable(QString::number(textBottom)));
+        QTRY_COMPARE(HoverText(description), description.text());
     }
 };
 
