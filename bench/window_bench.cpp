@@ -2,18 +2,22 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <cstdio>
 #include <vector>
 
 #include <random>
 
 #include <QApplication>
+#include <QDockWidget>
 
 #include "history/replay_history.h"
 #include "panels/action_list_panel.h"
+#include "panels/charts_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
 #include "panels/timeline_strip.h"
+#include "playback/course_chart.h"
 #include "playback/timeline.h"
 #include "shell/frm_main.h"
 
@@ -93,8 +97,10 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
     const double jumpMs = medianMilliseconds(runs, [&] { jumpAndPaint(anywhere(random)); });
     std::printf("%-28s %10.3f %s\n", "jump_anywhere_ms", jumpMs, "ms (target < 16)");
 
-    const double logMs = medianMilliseconds(runs, [&] { trelvin::ReplayHistory::Build(world); });
-    std::printf("%-28s %10.3f %s\n", "action_list_build_ms", logMs, "ms (target < 50)");
+    const double historyMs = medianMilliseconds(runs, [&] { trelvin::ReplayHistory::Build(world); });
+    std::printf("%-28s %10.3f %s\n", "list_and_series_build_ms", historyMs, "ms (the action list and every series, target < 60)");
+    std::printf("%-28s %10.3f %s\n", "series_memory_mb", double(window.session().history().series.bytes()) / (1 << 20),
+                "MB (target < 20)");
 
     // A drag from end to end in one second at 60 moves a second: the slowest move must fit in
     // one frame, or the position lags behind the mouse.
@@ -105,5 +111,31 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         slowestMove = std::max(slowestMove, medianMilliseconds(1, [&] { jumpAndPaint(event); }));
     }
     std::printf("%-28s %10.3f %s\n", "drag_slowest_move_ms", slowestMove, "ms (target < 16.7)");
+
+    // With the charts shown below the window: the open that builds them, a full paint, and what a
+    // move costs them: the marker moved and the two strips it leaves and reaches repainted, with
+    // the hover text of the action under the pointer.
+    window.chartsDock->show();
+    QApplication::processEvents();
+    const double openChartsMs = medianMilliseconds(runs, [&] {
+        window.mnuOtevritItem_Click();
+        QApplication::processEvents();
+    });
+    std::printf("%-28s %10.3f %s\n", "full_open_with_charts_ms", openChartsMs, "ms (both panels, target < 120)");
+    trelvin::CourseChart& chart = *window.charts->chart;
+    const double chartPaintMs = medianMilliseconds(runs, [&] { chart.viewport()->repaint(); });
+    std::printf("%-28s %10.3f %s\n", "chart_paint_ms", chartPaintMs, "ms (the whole chart)");
+    int hoverLength = 0;
+    const double markerMs = medianMilliseconds(std::max(runs, 60), [&] {
+        const int event = anywhere(random);
+        const int before = chart.xOf(chart.position());
+        chart.setPosition(event);
+        hoverLength += int(chart.hoverText(event).size());
+        const int after = chart.xOf(event);
+        chart.viewport()->repaint(QRect(std::min(before, after) - 2, 0, 5, chart.viewport()->height()));
+        if (std::abs(after - before) > 5) chart.viewport()->repaint(QRect(std::max(before, after) - 2, 0, 5, chart.viewport()->height()));
+    });
+    std::printf("%-28s %10.3f %s\n", "chart_marker_move_ms", markerMs, "ms (with the hover text, target < 2)");
+    if (hoverLength == 0) std::printf("the chart's hover text is empty\n");
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

@@ -21,5 +21,9 @@ add_library(trelvin_core STATIC
   view/grid_layout.cpp
   history/action_log.cpp
   history/replay_history.cpp
+  history/army_tally.cpp
+  history/player_series.cpp
+  history/course_lines.cpp
+  history/player_csv.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

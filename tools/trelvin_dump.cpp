@@ -1,5 +1,7 @@
 // trelvin-dump: loads a replay with the viewer's loader, applies every event as stepping
-// forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests.
+// forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests, or with
+// --csv every player's standing after every event.
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <iostream>
@@ -9,9 +11,12 @@
 #include <nlohmann/json.hpp>
 
 #include "engine/event_executor.h"
+#include "history/army_tally.h"
+#include "history/player_csv.h"
 #include "model/game_words.h"
 #include "model/replay_loader.h"
 #include "model/text_encoding.h"
+#include "model/version_text.h"
 #include "view/field_pictures.h"
 
 namespace {
@@ -20,6 +25,7 @@ using json = nlohmann::ordered_json;
 using namespace trelvin;
 
 struct Options {
+    bool csv = false;
     bool tiles = false;
     std::optional<ViewMode> view;
     std::string path;
@@ -36,7 +42,9 @@ std::optional<Options> parseArguments(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
-        if (argument == "--tiles") {
+        if (argument == "--csv") {
+            options.csv = true;
+        } else if (argument == "--tiles") {
             options.tiles = true;
         } else if (argument == "--view" && i + 1 < argc) {
             options.view = parseView(argv[++i]);
@@ -50,7 +58,8 @@ std::optional<Options> parseArguments(int argc, char** argv) {
             options.path = argument;
         }
     }
-    if (options.path.empty()) return std::nullopt;
+    // The CSV's values are those of the plain JSON lines: no redraw writes into the world.
+    if (options.path.empty() || (options.csv && (options.tiles || options.view))) return std::nullopt;
     return options;
 }
 
@@ -127,13 +136,41 @@ void dump(const Options& options) {
     }
 }
 
-constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
+// The header, then each event's rows as soon as it is applied. A failed load leaves no event to
+// apply: the header alone, with the loader's message on standard error.
+void dumpCsv(const Options& options) {
+    WorldState world;
+    RecordingReporter loadReporter;
+    LoadReplay(world, options.path, loadReporter);
+    for (const std::string& text : loadReporter.texts) std::cerr << "trelvin-dump: " << utf8(text) << '\n';
+    std::cout << kPlayerCsvHeader;
+    ArmyTally tally;
+    std::string rows;
+    for (int i = 1; i <= std::min<int>(world.eventCount, world.lastEventIndex()); ++i) {
+        RecordingReporter reporter;
+        ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+        tally.update(world, i);
+        rows.clear();
+        for (int p = 1; p <= world.lastPlayerIndex(); ++p) {
+            const Player& player = world.players[p];
+            AppendPlayerCsvRow(rows, i, world.events[i].time, {player.name, player.side, player.hqField},
+                               StandingOf(player, tally.unitsOf(p)));
+        }
+        std::cout << rows;
+    }
+}
+
+constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n"
+                               "       trelvin-dump --csv FILE\n";
 
 constexpr const char* kHelp =
     "Loads a Trelvin replay with the viewer's own code, applies every event in turn and prints\n"
     "JSON Lines: first the load, then one line per event.\n\n"
     "  --tiles              add every field's terrain, owner, army type and count\n"
     "  --view all|les|louka add the picture of every field in that way of viewing\n"
+    "  --csv                print CSV instead: a header row, then one row per event and player\n"
+    "                       (index,time,player,side,moves,nectar,nectarPerHour,territory,\n"
+    "                       armyUnits,hqField,playing)\n"
     "  -h, --help           print this help\n"
     "  -v, --version        print the version\n";
 
@@ -147,7 +184,7 @@ int main(int argc, char** argv) {
             return 0;
         }
         if (argument == "-v" || argument == "--version") {
-            std::cout << "trelvin-dump " << TRELVIN_VERSION << '\n';
+            std::cout << VersionText("trelvin-dump", TRELVIN_VERSION);
             return 0;
         }
     }
@@ -159,7 +196,10 @@ int main(int argc, char** argv) {
     // The loader and the executor report their own failures; anything else still ends with
     // a message rather than an abort.
     try {
-        dump(*options);
+        if (options->csv)
+            dumpCsv(*options);
+        else
+            dump(*options);
     } catch (const std::exception& error) {
         std::cerr << "trelvin-dump: " << error.what() << '\n';
         return 1;

@@ -11,6 +11,7 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
         RecordingReporter reporter;
         ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
         history.log.record(scratch, index, std::move(reporter.texts));
+        history.series.record(scratch, index);
     }
     return history;
 }

@@ -3,12 +3,14 @@
 // the world when the replay is opened: the action log for now; everything else that needs the
 // whole game at once is built in the same pass.
 #include "history/action_log.h"
+#include "history/player_series.h"
 #include "model/world_state.h"
 
 namespace trelvin {
 
 struct ReplayHistory {
     ActionLog log;
+    PlayerSeries series;  // every player's standing after every event
 
     // Applies the loaded events 1 .. the last in the list to a copy of `world`.
     static ReplayHistory Build(const WorldState& world);

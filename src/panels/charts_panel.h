@@ -1,0 +1,41 @@
+#pragma once
+// The panel "Prubeh hry": one quantity of every player over the whole replay, chosen in the
+// panel, with the current position marked as it moves. A click in the chart jumps to that action
+// as every jump does; the figures of every player after every action can be saved as CSV.
+#include <QString>
+#include <QWidget>
+
+class QComboBox;
+class QPushButton;
+
+namespace trelvin {
+
+class CourseChart;
+class ReplaySession;
+
+class ChartsPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    ChartsPanel(ReplaySession& session, QWidget* parent);
+
+    QComboBox* const quantity;
+    QPushButton* const saveCsv;
+    CourseChart* const chart;
+
+    // Writes the CSV of the opened replay to `path`, whole or not at all; the failure's text, empty
+    // when the file is written.
+    QString writeCsv(const QString& path) const;
+
+signals:
+    void csvWritten(const QString& path);
+    void csvFailed(const QString& text);
+
+private:
+    void followOpened();
+    void askForCsv();
+
+    ReplaySession& session_;
+};
+
+}  // namespace trelvin
