@@ -1,5 +1,6 @@
 // trelvin-bench: the costs that decide whether the viewer feels instant on the largest replay
 // it accepts. Prints one figure or ratio a line; each figure is the median of several runs.
+#include <malloc.h>
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "engine/event_executor.h"
+#include "history/replay_history.h"
 #include "model/replay_limits.h"
 #include "model/replay_loader.h"
 #include "model/text_encoding.h"
@@ -103,6 +105,17 @@ void PrintEncodingPass(const std::string& path, int runs) {
     for (const std::string& written : {utf8Path, bomPath, largest}) std::filesystem::remove(written);
 }
 
+// The pass over all events made at opening, and what its keyframes hold: the heap a copy of them
+// takes. Both before the window opens the replay, so that the peak memory is the window's.
+void PrintOpeningPass(const WorldState& world, int runs) {
+    print("action_list_build_ms", medianMilliseconds(runs, [&] { ReplayHistory::Build(world); }), "ms (target < 50)");
+    const ReplayHistory history = ReplayHistory::Build(world);
+    const std::size_t heapBefore = mallinfo2().uordblks;
+    const Keyframes copy = history.keyframes;
+    const double keyframesMb = double(mallinfo2().uordblks - heapBefore) / (1024 * 1024);
+    std::printf("%-28s %10.3f %s (%d keyframes)\n", "keyframes_mb", keyframesMb, "MB (target < 30)", copy.size());
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -128,7 +141,8 @@ int main(int argc, char** argv) {
     });
     print("read_and_split_ms", floorMs, "ms");
     print("load_ms", loadMs, "ms");
-    print("load_over_floor", loadMs / floorMs, "x (target <= 3)");
+    // No longer what a user feels: the whole load of the largest replay takes a few milliseconds.
+    print("load_over_floor", loadMs / floorMs, "x");
     PrintEncodingPass(path, runs);
 
     const double reapplyMs = medianMilliseconds(runs, [&] {
@@ -136,6 +150,7 @@ int main(int argc, char** argv) {
             ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
     });
     print("reapply_all_ms", reapplyMs, "ms (target < 16)");
+    PrintOpeningPass(world, runs);
 
     RunWindowBenchmarks(path, runs, argc, argv);
 

@@ -18,9 +18,11 @@ view, the playback, the session, the panels, the shell) are checked against the 
 tests, offscreen; the core's against the core's tests and the golden dumps.
 """
 import argparse
+import os
 import random
 import re
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -162,12 +164,17 @@ def is_window_code(path):
 
 
 def run(command, cwd, timeout=None):
-    try:
-        result = subprocess.run(command, cwd=cwd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                                text=True, timeout=timeout)
-        return result.returncode, result.stdout
-    except subprocess.TimeoutExpired:
-        return None, "timed out"
+    """Runs a command in a process group of its own, so that a test a mutant made loop for ever
+    ends with it when the time is up."""
+    with subprocess.Popen(command, cwd=cwd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          start_new_session=True) as process:
+        try:
+            output, _ = process.communicate(timeout=timeout)
+            return process.returncode, output
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, signal.SIGKILL)
+            process.communicate()
+            return None, "timed out"
 
 
 def copy_tree(destination):

@@ -20,6 +20,7 @@ add_library(trelvin_core STATIC
   view/field_details.cpp
   view/grid_layout.cpp
   history/action_log.cpp
+  history/keyframes.cpp
   history/replay_history.cpp
   history/army_tally.cpp
   history/player_series.cpp

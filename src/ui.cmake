@@ -13,6 +13,7 @@ add_library(trelvin_ui STATIC
   playback/player_colors.cpp
   playback/course_chart.cpp
   playback/timeline.cpp
+  playback/action_row_delegate.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
   export/export_options.cpp
@@ -23,6 +24,7 @@ add_library(trelvin_ui STATIC
   export/map_export.cpp
   export/export_command_line.cpp
   export/whole_file.cpp
+  session/keyframe_shortcut.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp
@@ -35,8 +37,8 @@ add_library(trelvin_ui STATIC
   panels/action_list_panel.cpp
   panels/export_dialog.cpp
   panels/charts_panel.cpp
-  shell/frm_main.cpp
   panels/jump_menu.cpp
+  shell/frm_main.cpp
   shell/open_flow.cpp
   shell/window_fit.cpp
   shell/designed_fonts.cpp

@@ -3,6 +3,7 @@
 // the world when the replay is opened: the action log for now; everything else that needs the
 // whole game at once is built in the same pass.
 #include "history/action_log.h"
+#include "history/keyframes.h"
 #include "history/player_series.h"
 #include "model/world_state.h"
 
@@ -10,6 +11,7 @@ namespace trelvin {
 
 struct ReplayHistory {
     ActionLog log;
+    Keyframes keyframes;
     PlayerSeries series;  // every player's standing after every event
 
     // Applies the loaded events 1 .. the last in the list to a copy of `world`.

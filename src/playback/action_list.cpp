@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "bridge/core_text.h"
+#include "playback/action_row_delegate.h"
 #include "playback/position_texts.h"
 
 namespace trelvin {
@@ -147,6 +148,7 @@ ActionList::ActionList(QWidget* parent)
     search_->setClearButtonEnabled(true);
 
     table_->setModel(model_);
+    table_->setItemDelegate(new ActionRowDelegate(table_));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

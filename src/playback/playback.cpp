@@ -34,7 +34,22 @@ void Playback::first() {
 
 bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
     const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
-    for (int index = 1; index <= last; ++index) {
+    const int shortcut = shortcut_ ? shortcut_->shortcutTo(last) : 0;
+    if (shortcut > 0) {
+        // The events passed over take no time but their message boxes.
+        for (const int index : shortcut_->reportingEvents()) {
+            if (index > shortcut) break;
+            if (trackPosition) position_ = static_cast<std::int16_t>(index);
+            shortcut_->reportAgain(index, reporter);
+            if (progress && !progress->keepGoing(index, last)) {
+                position_ = static_cast<std::int16_t>(index);
+                reachQuietly(index);
+                return false;
+            }
+        }
+        shortcut_->restore(shortcut);
+    }
+    for (int index = shortcut + 1; index <= last; ++index) {
         if (trackPosition) position_ = static_cast<std::int16_t>(index);
         apply_(static_cast<std::int16_t>(index), reporter);
         if (progress && !progress->keepGoing(index, last)) {
@@ -43,6 +58,13 @@ bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter
         }
     }
     return true;
+}
+
+void Playback::reachQuietly(int event) {
+    RecordingReporter given;
+    const int shortcut = shortcut_->shortcutTo(event);
+    if (shortcut > 0) shortcut_->restore(shortcut);
+    for (int index = shortcut + 1; index <= event; ++index) apply_(static_cast<std::int16_t>(index), given);
 }
 
 void Playback::back() {

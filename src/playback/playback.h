@@ -1,12 +1,14 @@
 #pragma once
 // The current position in the event list and the ways of moving it: one event forwards or
 // backwards, to either end, and the slide show that steps by itself on its own timer. The world
-// can only be built forwards, so every move backwards or to the end applies the events from the
-// first again. Its signals carry the values views need: `positionChanged` comes once per move,
-// after all of its events.
+// can only be built forwards, so every move backwards or to the end reaches the state that
+// applying the events from the first again gives, starting at the nearest state kept on the
+// way when there is one. Its signals carry the values views need: `positionChanged` comes once
+// per move, after all of its events.
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <QObject>
 
@@ -23,6 +25,22 @@ using ApplyByIndex = std::function<void(std::int16_t index, Reporter& reporter)>
 
 // Makes the progress of one rebuild from the first event; empty for none.
 using RebuildProgress = std::function<std::unique_ptr<TaskProgress>()>;
+
+// States of the world that a rebuild from the first event passes through, kept so that a
+// rebuild can start at one of them instead.
+class RebuildShortcut {
+public:
+    virtual ~RebuildShortcut() = default;
+    // The latest event at or before `target` whose state can be put into the world as it is
+    // now; 0 when the rebuild must apply the events from the first.
+    virtual int shortcutTo(int target) const = 0;
+    // The events that reported anything on the way, in order.
+    virtual const std::vector<int>& reportingEvents() const = 0;
+    // Reports again what event `index`, one of those, reported when it was applied.
+    virtual void reportAgain(int index, Reporter& reporter) const = 0;
+    // Puts the state after event `event`, one that `shortcutTo` gave, into the world.
+    virtual void restore(int event) = 0;
+};
 
 class Playback : public QObject {
     Q_OBJECT
@@ -56,6 +74,8 @@ public:
     // A rebuild that the progress stops ends at the event applied last: the position stays
     // there, and the views follow as after any move.
     void setRebuildProgress(RebuildProgress makeProgress) { makeProgress_ = std::move(makeProgress); }
+    // Rebuilds start from the shortcut's states where it has one; null: always from the first.
+    void setRebuildShortcut(RebuildShortcut* shortcut) { shortcut_ = shortcut; }
 
     // A newly opened replay: position 1 with event 1 applied. The opener refreshes the views
     // and the buttons itself, in its own order, so this announces nothing.
@@ -67,9 +87,9 @@ public:
     void forward();
     void last();
 
-    // Moves straight to event `target` (clamped to 1 .. the count) by applying the events from
-    // the first again, as a step back does; their reports go to `quiet` instead of the message
-    // boxes of the steps. Leaves exactly the state the steps would reach.
+    // Moves straight to event `target` (clamped to 1 .. the count) as a rebuild from the first
+    // event, as a step back does; the reports go to `quiet` instead of the message boxes of the
+    // steps. Leaves exactly the state the steps would reach.
     void jumpTo(int target, Reporter& quiet);
 
     // Enables the button groups for the position and records whether it is at either end.
@@ -107,9 +127,12 @@ private:
         Playback& playback_;
     };
 
-    // Applies events 1 .. `last` in order, the position following when `trackPosition`; false
-    // when the progress stopped it early, the position then at the event applied last.
+    // Leaves the world as applying events 1 .. `last` in order would, with their reports, the
+    // position following when `trackPosition`; false when the progress stopped it early, the
+    // position then at the event reached last. Events a shortcut passes over report again.
     bool rebuild(std::int16_t last, bool trackPosition, Reporter& reporter);
+    // Reaches the state after `event` without a report: those of its events were given already.
+    void reachQuietly(int event);
     void setEnabled(bool& state, bool enabled);
     void setTimerRunning(bool running);
     void moved();
@@ -119,6 +142,7 @@ private:
     Reporter& reporter_;
     ApplyByIndex apply_;
     RebuildProgress makeProgress_;
+    RebuildShortcut* shortcut_ = nullptr;
     QTimer* tSlide;
 
     std::int16_t position_ = 0;

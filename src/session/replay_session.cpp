@@ -43,6 +43,7 @@ ReplaySession::ReplaySession(SessionServices services, QObject* parent)
                              },
                              this);
     playback_->setRebuildProgress([this] { return progressFor("Prepocitavani tahu"); });
+    playback_->setRebuildShortcut(&shortcut_);
     connect(playback_, &Playback::positionChanged, this, &ReplaySession::positionChanged);
     connect(playback_, &Playback::stepsEnabledChanged, this, &ReplaySession::stepsEnabledChanged);
     connect(playback_, &Playback::playingChanged, this, &ReplaySession::playingChanged);
@@ -67,6 +68,7 @@ std::unique_ptr<TaskProgress> ReplaySession::progressFor(const char* task) const
 LoadResult ReplaySession::open(const QString& path) {
     // No tick may step a replay that is being replaced.
     playback_->halt();
+    history_ = {};  // the keyframes of the replay being replaced must not stand for the new one
     fileName_ = path;
     LoadResult result;
     {

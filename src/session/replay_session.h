@@ -16,11 +16,10 @@
 #include "model/reporter.h"
 #include "model/task_progress.h"
 #include "model/world_state.h"
+#include "session/keyframe_shortcut.h"
 #include "view/field_pictures.h"
 
 namespace trelvin {
-
-class Playback;
 
 // Applies one event of the list: the executor in the program, a recording one in tests.
 using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
@@ -75,15 +74,18 @@ public:
     // What a redraw of the first `fieldCount` fields writes into the world in the way of viewing.
     void revealForView(int fieldCount);
 
-    // The steps of the buttons, with a message box for each failure on the way.
+    // The steps of the buttons, with a message box for each failure on the way; those that go
+    // back or to the end start from the nearest keyframe, and the events it passes over show
+    // their boxes from the action log.
     void first();
     void back();
     void forward();
     void last();
     void updateButtons();
 
-    // Goes straight to `event` (1 .. the count) as a rebuild from the first event; what the
-    // events on the way report is returned and announced by `jumped`, never shown in boxes.
+    // Goes straight to `event` (1 .. the count) as a rebuild from the first event does, from the
+    // nearest keyframe when there is one; what the events on the way report is returned and
+    // announced by `jumped`, never shown in boxes.
     QStringList jumpTo(int event);
     // The nearest event of `kind` after (`forward`) or before the position; 0 when there is none.
     int nearest(EventKind kind, bool forward) const;
@@ -111,6 +113,7 @@ private:
     SessionServices services_;
     WorldState world_;
     ReplayHistory history_;
+    KeyframeShortcut shortcut_{world_, history_};
     QString fileName_;
     ViewMode viewMode_ = ViewMode::All;
     Playback* playback_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 
 #include "support/world_builder.h"
 
@@ -56,12 +57,16 @@ TEST(ReplayLoader, EachKeywordFillsItsOwnFields) {
 
 TEST(ReplayLoader, TimeStampsAreDayFirstWithTheSwapWhenInvalid) {
     WorldState w;
+    // Stamps of other lengths than 19 take the general rules, whose pieces hold up to nine
+    // digits; in 1987 every digit of the year counts.
     ASSERT_TRUE(Load(w, "0;A;9;1;1;1\n2004-06-05-01-02-03;fly\n2004-19-06-23-59-59;fly\n"
-                        "2004 - 6 - 7 - 8 - 9 -10;fly\n2004-29-02-12-00-00-99-x;fly\n")
+                        "2004 - 6 - 7 - 8 - 9 -10;fly\n2004-29-02-12-00-00-99-x;fly\n1987-05-06-01-02-03;fly\n"
+                        "2004-06-19-08-00-5;fly\n2004-06-19-08-00-001;fly\n000001987-05-06-01-02-000000003;fly\n")
                     .empty());
     std::string times;
     for (int i = 1; i <= w.eventCount; ++i) times += w.events[i].time.iso() + " ";
-    EXPECT_EQ(times, "2004-05-06T01:02:03 2004-06-19T23:59:59 2004-07-06T08:09:10 2004-02-29T12:00:00 ");
+    EXPECT_EQ(times, "2004-05-06T01:02:03 2004-06-19T23:59:59 2004-07-06T08:09:10 2004-02-29T12:00:00 "
+                     "1987-06-05T01:02:03 2004-06-19T08:00:05 2004-06-19T08:00:01 1987-06-05T01:02:03 ");
 }
 
 TEST(ReplayLoader, AddRoundsCoversEveryFullHourUpToTheLine) {
@@ -103,6 +108,11 @@ TEST(ReplayLoader, ProtectionEndsADayAfterTheLastStartAfterTheRounds) {
                           "add_rounds fly");
     EXPECT_EQ(w.events[7].time.iso(), "2004-06-20T09:10:00");  // earlier than the rounds before it
     EXPECT_EQ(std::tuple(w.events[6].amount, w.events[9].amount), std::tuple(27, 48));
+    // A start line sets the day too; a line at the very second the day is over does not end it.
+    ASSERT_TRUE(Load(w, "0;A;9;1;1;1\n2004-06-19-08-00-00;start\n2004-06-20-08-00-00;fly\n"
+                        "2004-06-20-08-00-01;fly\n").empty());
+    EXPECT_EQ(Actions(w), "start fly end_hld_fire fly");
+    EXPECT_EQ(w.events[3].time.iso(), "2004-06-20T08:00:00");
 }
 
 TEST(ReplayLoader, LineEndsBlankLinesAndUtf8ChangeNothing) {
@@ -132,6 +142,64 @@ TEST(ReplayLoader, LineEndsBlankLinesAndUtf8ChangeNothing) {
     EXPECT_EQ(w.worldName + std::to_string(w.lastEventIndex()), "Alfa0");
 }
 
+// A source may hand out fewer bytes than asked for; here at most `piece` a read.
+class TrickleSource : public ReplaySource {
+public:
+    TrickleSource(std::string_view text, std::size_t piece) : text_(text), piece_(piece) {}
+    std::size_t read(char* buffer, std::size_t capacity) override {
+        return text_.read(buffer, std::min(capacity, piece_));
+    }
+    void rewind() override { text_.rewind(); }
+    std::uint64_t size() const override { return text_.size(); }
+
+private:
+    ReplayText text_;
+    std::size_t piece_;
+};
+
+TEST(ReplayLoader, LinesComeOutTheSameWhateverPiecesTheSourceHandsOut) {
+    // Over these piece sizes every kind of line end meets a piece boundary before, inside and
+    // after it, after every other kind.
+    const std::string file = "0;A;9;2;1;1\r\n2004-06-19-08-00-00;buy;A0;Kom\xE1r;4\r2004-06-19-08-01-00;move;A0;B0;3\n"
+                             "\r\n2004-06-19-08-02-00;retreat;B0;2\r\n\n2004-06-19-08-03-00;trade;K;J;5\r\r"
+                             "2004-06-19-08-04-00;convert_gnd;B0;S\n2004-99-99-00-00-00;fly\r\n";
+    for (std::size_t piece = 1; piece <= 24; ++piece) {
+        WorldState w;
+        TrickleSource source(file, piece);
+        RecordingReporter reporter;
+        LoadReplay(w, source, reporter);
+        std::string events;
+        for (int i = 1; i <= w.lastEventIndex(); ++i) events += w.events[i].action + ":" + operands(w.events[i]) + " ";
+        EXPECT_EQ(events, "buy:A0||4|0|0||Kom\xE1r move:A0|B0|3|0|0|| retreat:B0||2|0|0|| trade:K|J|5|0|0|| "
+                          "convert_gnd:B0|S|0|0|0|| ") << piece;
+        EXPECT_EQ(reporter.texts,
+                  std::vector<std::string>{std::string(kLoadFailure) +
+                                           "radek 10: casovy udaj '2004-99-99-00-00-00' neni platne datum"})
+            << piece;
+    }
+}
+
+TEST(ReplayLoader, ProgressHearsTheBytesReadAfterEveryPiece) {
+    struct Recorder : TaskProgress {
+        std::vector<std::uint64_t> done, totals;
+        bool keepGoing(std::uint64_t d, std::uint64_t total) override {
+            if (done.empty() || done.back() != d) done.push_back(d);
+            totals.push_back(total);
+            return true;
+        }
+    } progress;
+    std::string file = "0;A;9;1;1;1\n2004-06-19-08-00-00;fly;";
+    file.resize(100000, 'x');
+    ReplayText source(file);
+    RecordingReporter reporter;
+    WorldState w;
+    LoadReplay(w, source, reporter, &progress);
+    ASSERT_TRUE(reporter.texts.empty());
+    // The pass that decides the encoding reports none; the loading pass the bytes so far.
+    EXPECT_EQ(progress.done, (std::vector<std::uint64_t>{0, 65536, 100000}));
+    EXPECT_EQ(std::count(progress.totals.begin(), progress.totals.end(), 100000u), std::ssize(progress.totals));
+}
+
 TEST(ReplayLoader, TheWholeFileDecidesItsEncoding) {
     // Windows-1250 names that happen to be valid UTF-8: "MÍŠA" holds U+034A, "Tomáš" and a
     // no-break space U+16A0, "ČŠ" U+020A.
@@ -152,9 +220,11 @@ TEST(ReplayLoader, TheWholeFileDecidesItsEncoding) {
     // A file with the UTF-8 mark is UTF-8 even where a later line is not.
     ASSERT_TRUE(Load(w, "\xEF\xBB\xBF" + lines + "2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
     EXPECT_EQ(w.events[6].armyType, "Vosi?ka");
-    // The decision is the whole file's, even past the pieces it is read in.
-    const std::string padding = "2004-06-19-09-05-00;fly;" + std::string(std::size_t{600} << 10, 'x') + "\r\n";
-    ASSERT_TRUE(Load(w, lines + padding + padding + "2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
+    // The decision is the whole file's, even past the pieces of 1 MiB it is read in; a later
+    // piece that starts with the mark's bytes has no mark.
+    std::string padded = lines + "2004-06-19-09-05-00;fly;";
+    padded.resize(std::size_t{1} << 20, 'x');
+    ASSERT_TRUE(Load(w, padded + "\xEF\xBB\xBF\r\n2004-06-19-09-40-00;buy;A0;Vosi\xE8ka;4\r\n").empty());
     EXPECT_EQ(names(w)[0], "M\xCD\x8A" "A");
 }
 
@@ -187,6 +257,7 @@ TEST_F(FailedLoad, HeaderValuesAreSetInOrderUntilOneFails) {
 TEST_F(FailedLoad, BadLinesStopTheLoadWithoutRollback) {
     for (const char* line : {"2004-06-19-08-00;fly", "2004-06-19-08-00-0x;fly", "2004-06-19-08-0:-00;fly",
                              "2004-06-19-08/00-00;fly", "2004-06-19-08-00-0/;fly", "2004-13-45-08-00-00;fly",
+                             "2004_06_19_08_00_00;fly", "2004-06-19-08-00-;fly", "2004-06-19-08-00-0000000005;fly",
                              "0099-06-19-08-00-00;fly", "2004-06-19-24-00-00;fly", "2004-06-19-08-00-00",
                              "2004-06-19-08-00-00;attack;A0;B0;4",
                              "2004-06-19-08-00-00;attack;A0;B0;4;1", "2004-06-19-08-00-00;move;A0;B0;12abc",
@@ -204,7 +275,19 @@ TEST_F(FailedLoad, BadLinesStopTheLoadWithoutRollback) {
                   "year 10000");
 }
 
-TEST_F(FailedLoad, TheEventListStopsAt32767) {
+TEST_F(FailedLoad, RunningOutOfMemoryIsReportedLikeAnyFailure) {
+    struct Exhausted : ReplaySource {
+        std::size_t read(char*, std::size_t) override { throw std::bad_alloc(); }
+        void rewind() override {}
+        std::uint64_t size() const override { return 100; }
+    } source;
+    RecordingReporter reporter;
+    LoadReplay(w, source, reporter);
+    expectFailure(reporter.texts, "out of memory");
+    EXPECT_EQ(reporter.texts, std::vector<std::string>{std::string(kLoadFailure) + "nedostatek pameti"});
+}
+
+TEST_F(FailedLoad, EventsStopAt32767AndLinesAt1MiB) {
     std::string file = "0;A;9;1;1;1\n";
     for (int i = 0; i < 32767; ++i) file += "2004-06-19-08-00-00;fly\n";
     WorldState full;
@@ -212,14 +295,35 @@ TEST_F(FailedLoad, TheEventListStopsAt32767) {
     EXPECT_EQ(full.eventCount, 32767);
     expectFailure(Load(w, file + "2004-06-19-08-00-00;fly\n"), "one event too many");
     EXPECT_EQ(w.lastEventIndex(), 32767);
+    // The end inserted after a last attack counts as well; past the cap it fails the load on no
+    // line of the file.
+    const std::size_t lastLine = file.rfind("2004");
+    const std::vector<std::string> texts =
+        Load(w, file.substr(0, lastLine) + "2004-06-19-08-00-00;attack;A0;B0;1;1;0\n");
+    expectFailure(texts, "no room for the end");
+    EXPECT_EQ(texts, std::vector<std::string>{std::string(kLoadFailure) + "replay ma vice nez 32767 udalosti"});
+    // A line holds up to 1 MiB, its line end not counted.
+    std::string line = "2004-06-19-08-00-00;buy;A0;";
+    line.resize((std::size_t{1} << 20) - 2, 'x');
+    line += ";4";
+    EXPECT_TRUE(Load(full, "0;A;9;1;1;1\r\n" + line + "\r\n").empty());
+    EXPECT_EQ(std::tuple(full.eventCount, full.events[1].amount), std::tuple(1, 4));
+    EXPECT_EQ(Load(full, "0;A;9;1;1;1\r\n" + line + "5\r\n"),
+              std::vector<std::string>{std::string(kLoadFailure) + "radek 2: radek je delsi nez 1 MB"});
     WorldState never;  // a failed first load leaves the world unloaded
-    EXPECT_FALSE(Load(never, "0;A;9;1;1\n").empty());
+    EXPECT_EQ(Load(never, "0;A;9;1;1\n"),
+              std::vector<std::string>{std::string(kLoadFailure) + "radek 1: hlavicka ma jen 5 poli, ocekava se 6"});
     EXPECT_FALSE(never.loaded);
-    // A failure before the header names no line; a bad time stamp is quoted as it stands.
-    EXPECT_EQ(Load(never, ""), std::vector<std::string>{std::string(kLoadFailure) + "soubor neobsahuje hlavicku"});
-    EXPECT_EQ(Load(never, "0;A;9;1;1;1\n2004-06-19-08-00-0x ;fly\n"),
-              std::vector<std::string>{std::string(kLoadFailure) +
-                                       "radek 2: casovy udaj '2004-06-19-08-00-0x ' neni platne datum"});
+    // A failure before the header names no line; blank lines count; a bad time stamp is quoted
+    // as it stands.
+    const std::pair<const char*, const char*> messages[] = {
+        {"", "soubor neobsahuje hlavicku"},
+        {"0;A;9;1;1;1\n2004-06-19-08-00-0x ;fly\n", "radek 2: casovy udaj '2004-06-19-08-00-0x ' neni platne datum"},
+        {"0;A;9;1;1;1\n\n2004-06-19-08-00;fly\n", "radek 3: casovy udaj '2004-06-19-08-00' nema sest casti"},
+        {"0;A;9;1;1;1\n2004-06-19-08-00-;fly\n", "radek 2: casovy udaj '2004-06-19-08-00-' neni platne datum"},
+    };
+    for (const auto& [bytes, description] : messages)
+        EXPECT_EQ(Load(never, bytes), std::vector<std::string>{std::string(kLoadFailure) + description}) << bytes;
 }
 
 }  // namespace

@@ -109,6 +109,47 @@ private slots:
         QCOMPARE(r.appliedAtMove, std::vector<int>{6});
     }
 
+    void aShortcutReportsTheEventsItPassesOverAndStopsWhereTheProgressStops() {
+        // The state after event 6 is kept; event 3 reported on the way there.
+        struct Kept : trelvin::RebuildShortcut {
+            int shortcutTo(int target) const override { return target >= 6 ? 6 : 0; }
+            const std::vector<int>& reportingEvents() const override { return reporting; }
+            void reportAgain(int, trelvin::Reporter& reporter) const override { reporter.report("again"); }
+            std::vector<int> reporting{3};
+            void restore(int event) override { restored.push_back(event); }
+            std::vector<int> restored;
+        };
+        struct StopAt : trelvin::TaskProgress {
+            explicit StopAt(int event) : event(event) {}
+            bool keepGoing(std::uint64_t done, std::uint64_t) override { return int(done) != event; }
+            int event;
+        };
+        struct Case {
+            int stopAt;
+            int failing;
+            std::vector<int> applied;
+            std::vector<int> restored;
+            std::vector<std::string> reports;
+        };
+        const Case cases[] = {
+            {0, 8, Range(7, 10), {6}, {"again", "failed"}},
+            {8, 8, {7, 8}, {6}, {"again", "failed"}},
+            // Stopped at a report before the kept state: reached from the first, without reports.
+            {3, 2, Range(1, 3), {}, {"again"}},
+        };
+        for (const Case& c : cases) {
+            Replay r(10, c.failing);
+            Kept kept;
+            r.playback.setRebuildShortcut(&kept);
+            r.playback.setRebuildProgress([&] { return std::make_unique<StopAt>(c.stopAt); });
+            r.reporter.texts.clear();
+            QCOMPARE(r.applies([&] { r.playback.last(); }), c.applied);
+            QCOMPARE(kept.restored, c.restored);
+            QCOMPARE(r.reporter.texts, c.reports);
+            QCOMPARE(r.playback.position(), std::int16_t(c.stopAt ? c.stopAt : 10));
+        }
+    }
+
     void aPositionPastTheCountLeavesTheForwardGroupAsItWas() {
         Replay r(10);  // after a failed load the count can fall below the position
         r.world.eventCount = 0;
