@@ -71,7 +71,7 @@ json messagesOf(const RecordingReporter& reporter) {
     return messages;
 }
 
-json playersOf(const WorldState& world) {
+json playersOf(const WorldState& world, const ArmyTally& tally) {
     json players = json::array();
     for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
         const Player& p = world.players[i];
@@ -82,9 +82,21 @@ json playersOf(const WorldState& world) {
                            {"nectar", p.nectar},
                            {"nectarPerHour", p.nectarPerHour},
                            {"territory", p.territory},
+                           {"armyUnits", tally.unitsOf(i)},
                            {"playing", p.playing}});
     }
     return players;
+}
+
+// One row per player after event `index`, with the values of that event's JSON line.
+std::string csvRowsOf(const WorldState& world, int index, const ArmyTally& tally) {
+    std::string rows;
+    for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
+        const Player& player = world.players[i];
+        AppendPlayerCsvRow(rows, index, world.events[index].time, {player.name, player.side, player.hqField},
+                           StandingOf(player, tally.unitsOf(i)));
+    }
+    return rows;
 }
 
 json tilesOf(const WorldState& world) {
@@ -100,26 +112,40 @@ json tilesOf(const WorldState& world) {
     return tiles;
 }
 
+// The load, then each event as soon as it is applied. As CSV the load tells only through standard
+// error, and a failed load leaves no event to apply: the header alone.
 void dump(const Options& options) {
     WorldState world;
     RecordingReporter loadReporter;
     LoadReplay(world, options.path, loadReporter);
-    std::cout << json{{"load",
-                       {{"worldName", utf8(world.worldName)},
-                        {"playerLimit", world.playerLimit},
-                        {"mapWidth", world.mapWidth},
-                        {"mapHeight", world.mapHeight},
-                        {"speed", world.speed},
-                        {"eventCount", world.eventCount},
-                        {"eventsRead", world.lastEventIndex()},
-                        {"loaded", world.loaded},
-                        {"messages", messagesOf(loadReporter)}}}}
-                     .dump()
-              << '\n';
+    if (options.csv) {
+        for (const std::string& text : loadReporter.texts) std::cerr << "trelvin-dump: " << utf8(text) << '\n';
+        std::cout << kPlayerCsvHeader;
+    } else {
+        std::cout << json{{"load",
+                           {{"worldName", utf8(world.worldName)},
+                            {"playerLimit", world.playerLimit},
+                            {"mapWidth", world.mapWidth},
+                            {"mapHeight", world.mapHeight},
+                            {"speed", world.speed},
+                            {"eventCount", world.eventCount},
+                            {"eventsRead", world.lastEventIndex()},
+                            {"loaded", world.loaded},
+                            {"messages", messagesOf(loadReporter)}}}}
+                         .dump()
+                  << '\n';
+    }
 
+    ArmyTally tally;
     for (int i = 1; i <= world.eventCount; ++i) {
         RecordingReporter reporter;
         ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+        tally.update(world, i);
+        if (options.csv) {
+            // Only applied events have rows: an index beyond the list has no time.
+            if (i <= world.lastEventIndex()) std::cout << csvRowsOf(world, i, tally);
+            continue;
+        }
         json line{{"index", i}};
         if (i <= world.lastEventIndex()) {
             line["time"] = world.events[i].time.iso();
@@ -127,36 +153,12 @@ void dump(const Options& options) {
         }
         line["actionText"] = utf8(world.actionText);
         line["messages"] = messagesOf(reporter);
-        line["players"] = playersOf(world);
+        line["players"] = playersOf(world, tally);
         std::optional<std::vector<int>> pictures;
         if (options.view && i > 1) pictures = RedrawPictures(world, *options.view, world.fieldCount());
         if (options.tiles) line["tiles"] = tilesOf(world);
         if (pictures) line["pictures"] = *pictures;
         std::cout << line.dump() << '\n';
-    }
-}
-
-// The header, then each event's rows as soon as it is applied. A failed load leaves no event to
-// apply: the header alone, with the loader's message on standard error.
-void dumpCsv(const Options& options) {
-    WorldState world;
-    RecordingReporter loadReporter;
-    LoadReplay(world, options.path, loadReporter);
-    for (const std::string& text : loadReporter.texts) std::cerr << "trelvin-dump: " << utf8(text) << '\n';
-    std::cout << kPlayerCsvHeader;
-    ArmyTally tally;
-    std::string rows;
-    for (int i = 1; i <= std::min<int>(world.eventCount, world.lastEventIndex()); ++i) {
-        RecordingReporter reporter;
-        ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
-        tally.update(world, i);
-        rows.clear();
-        for (int p = 1; p <= world.lastPlayerIndex(); ++p) {
-            const Player& player = world.players[p];
-            AppendPlayerCsvRow(rows, i, world.events[i].time, {player.name, player.side, player.hqField},
-                               StandingOf(player, tally.unitsOf(p)));
-        }
-        std::cout << rows;
     }
 }
 
@@ -196,10 +198,7 @@ int main(int argc, char** argv) {
     // The loader and the executor report their own failures; anything else still ends with
     // a message rather than an abort.
     try {
-        if (options->csv)
-            dumpCsv(*options);
-        else
-            dump(*options);
+        dump(*options);
     } catch (const std::exception& error) {
         std::cerr << "trelvin-dump: " << error.what() << '\n';
         return 1;

@@ -211,6 +211,11 @@ int CourseChart::xOf(int event) const {
     return mapFromScene(chart()->mapToScene(QPointF(inChart, plot.center().y()))).x();
 }
 
+std::optional<int> CourseChart::markerX() const {
+    if (!marker_->isVisible()) return std::nullopt;
+    return mapFromScene(marker_->mapToScene(marker_->line().p1())).x();
+}
+
 bool CourseChart::overPlot(QPoint viewportPoint) const {
     return chart()->plotArea().contains(chart()->mapFromScene(mapToScene(viewportPoint)));
 }

@@ -4,6 +4,7 @@
 // line at the current position. A click on a legend entry hides or shows that player; a click in
 // the plot asks for the action under the mouse; resting the mouse there tells the action's date
 // and time and every shown player's value at it.
+#include <optional>
 #include <vector>
 
 #include <QChartView>
@@ -40,6 +41,8 @@ public:
     // The action at x in the viewport, clamped to the replay; and the x of an action.
     int eventAt(int x) const;
     int xOf(int event) const;
+    // Where the position's line is drawn in the viewport; empty while it is not.
+    std::optional<int> markerX() const;
     // What resting the mouse over an action tells.
     QString hoverText(int event) const;
 
