@@ -75,17 +75,20 @@ private slots:
         QVERIFY(half > 3);
         QStringList jumps;
         connect(&s.t.session, &trelvin::ReplaySession::jumped, this, [&](int position) { jumps << QString::number(position); });
+        // A click on the action shown asks for no jump.
         QStringList expected;
+        int last = s.t.session.position();
         for (const int x : {s.chart.xOf(1), s.chart.xOf(count), centre.x(), centre.x() + int(half) - 1, s.chart.xOf(7) + 2}) {
             QTest::mouseClick(s.chart.viewport(), Qt::LeftButton, {}, QPoint(x, centre.y()));
             const int position = s.t.session.position();
             QVERIFY2(std::abs(s.chart.xOf(position) - x) <= half, qPrintable(QString("click at x %1").arg(x)));
-            if (expected.isEmpty() || expected.back() != QString::number(position)) expected << QString::number(position);
+            if (position != last) expected << QString::number(position);
+            last = position;
         }
         QCOMPARE(jumps, expected);
         // Left of the plot, over the values, nothing moves.
         QTest::mouseClick(s.chart.viewport(), Qt::LeftButton, {}, QPoint(s.chart.xOf(1) - 30, centre.y()));
-        QCOMPARE(QString::number(s.t.session.position()), expected.back());
+        QCOMPARE(s.t.session.position(), last);
     }
 
     void thePositionsLineFollowsStepsJumpsAndTheSlideShow() {

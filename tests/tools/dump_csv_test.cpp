@@ -20,7 +20,7 @@ using json = nlohmann::json;
 using Row = std::vector<std::string>;
 
 // What the dump prints to standard output for `arguments`, and its exit status.
-std::pair<std::string, int> Run(const std::string& arguments) {
+std::pair<std::string, int> RunDump(const std::string& arguments) {
     const std::string command = std::string(TRELVIN_DUMP) + " " + arguments + " 2>/dev/null";
     FILE* pipe = popen(command.c_str(), "r");
     std::string out;
@@ -62,8 +62,8 @@ std::string Number(const json& value) { return std::to_string(value.get<long lon
 
 // The CSV of `path` row by row against its JSON lines; the rows compared.
 int CompareCsvWithJson(const std::string& path) {
-    const auto [csv, csvStatus] = Run("--csv '" + path + "'");
-    const auto [lines, jsonStatus] = Run("'" + path + "'");
+    const auto [csv, csvStatus] = RunDump("--csv '" + path + "'");
+    const auto [lines, jsonStatus] = RunDump("'" + path + "'");
     EXPECT_EQ(std::pair(csvStatus, jsonStatus), std::pair(0, 0));
     const std::vector<Row> rows = ParseCsv(csv);
     EXPECT_FALSE(rows.empty());
@@ -136,7 +136,7 @@ TEST_F(DumpCsvTest, AFailedLoadPrintsTheHeaderAlone) {
         "index,time,player,side,moves,nectar,nectarPerHour,territory,armyUnits,hqField,playing\r\n";
     for (const std::string& path : {write("broken.trp", "0;Zlomeny;2;x;2;3\r\n"), write("empty.trp", ""),
                                     std::string("/nonexistent/replay.trp")})
-        EXPECT_EQ(Run("--csv '" + path + "'"), std::pair(header, 0)) << path;
+        EXPECT_EQ(RunDump("--csv '" + path + "'"), std::pair(header, 0)) << path;
 }
 
 }  // namespace
