@@ -61,12 +61,24 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
 }
 
 void ChartsPanel::followOpened() {
-    chart->showReplay(session_.history(), session_.eventCount());
-    chart->setPosition(session_.position());
+    // A hidden panel costs the opening nothing: its chart is built when it is shown.
+    chartStale_ = true;
+    if (isVisible()) showOpened();
     const bool complete = session_.history().series.complete();
     saveCsv->setEnabled(session_.eventCount() >= 1 && complete);
     saveCsv->setToolTip(complete ? QString()
                                  : QStringLiteral("Pro takovy replay zapise CSV prikaz trelvin-dump --csv"));
+}
+
+void ChartsPanel::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (chartStale_) showOpened();
+}
+
+void ChartsPanel::showOpened() {
+    chartStale_ = false;
+    chart->showReplay(session_.history(), session_.eventCount());
+    chart->setPosition(session_.position());
 }
 
 QString ChartsPanel::writeCsv(const QString& path) const {

@@ -7,6 +7,7 @@
 
 class QComboBox;
 class QPushButton;
+class QShowEvent;
 
 namespace trelvin {
 
@@ -31,11 +32,17 @@ signals:
     void csvWritten(const QString& path);
     void csvFailed(const QString& text);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void followOpened();
+    // The chart of the replay opened last; built only while the panel is shown.
+    void showOpened();
     void askForCsv();
 
     ReplaySession& session_;
+    bool chartStale_ = false;
 };
 
 }  // namespace trelvin

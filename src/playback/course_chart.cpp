@@ -107,8 +107,13 @@ void CourseChart::rebuild() {
     seriesOf_.assign(std::size_t(players), {});
     legendOf_.assign(std::size_t(players), nullptr);
     ranges_.assign(std::size_t(players), {std::numeric_limits<qint64>::max(), std::numeric_limits<qint64>::min()});
+    // The axis lays out its labels at each change: a long replay's range with a short one's
+    // interval would make tens of thousands of them for a moment. The interval grows and shrinks
+    // with the range, so the one that makes fewer ticks goes first.
+    const double interval = tickInterval(eventCount_);
+    if (interval >= axisX_->tickInterval()) axisX_->setTickInterval(interval);
     axisX_->setRange(1, std::max(eventCount_, 2));
-    axisX_->setTickInterval(tickInterval(eventCount_));
+    axisX_->setTickInterval(interval);
     for (int place = 1; place <= players; ++place) addPlayer(place);
     fitValues();
     placeMarker();
