@@ -13,7 +13,6 @@
 #include <QDockWidget>
 #include <QMouseEvent>
 
-#include "history/replay_history.h"
 #include "panels/action_list_panel.h"
 #include "panels/charts_panel.h"
 #include "panels/map_panel.h"
@@ -172,11 +171,6 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         drag.add(timedMove([&] { mouse(QEvent::MouseMove, (bar->width() - 1) * move / 60); }));
     mouse(QEvent::MouseButtonRelease, bar->width() - 1);
     drag.printSlowest("drag_slowest_ms", "ms (target < 8)");
-
-    const double historyMs = medianMilliseconds(runs, [&] { trelvin::ReplayHistory::Build(world); });
-    std::printf("%-28s %10.3f %s\n", "list_and_series_build_ms", historyMs, "ms (the action list and every series, target < 60)");
-    std::printf("%-28s %10.3f %s\n", "series_memory_mb", double(window.session().history().series.bytes()) / (1 << 20),
-                "MB (target < 20)");
 
     // With the charts shown below the window: the open that builds them, a full paint, and what a
     // move costs them: the marker moved and the two strips it leaves and reaches repainted, with
