@@ -49,15 +49,24 @@ CourseChart::CourseChart(QWidget* parent) : QChartView(parent), axisX_(new QValu
     auto* chart = new QChart;
     chart->setMargins(QMargins(2, 2, 2, 2));
     chart->setBackgroundRoundness(0);
-    chart->legend()->setAlignment(Qt::AlignRight);
+    chart->legend()->setAlignment(Qt::AlignTop);
     chart->addAxis(axisX_, Qt::AlignBottom);
     chart->addAxis(axisY_, Qt::AlignLeft);
     axisX_->setLabelFormat(QStringLiteral("%i"));
     axisX_->setTickType(QValueAxis::TicksDynamic);
     axisX_->setTickAnchor(0);
     axisY_->setLabelFormat(QStringLiteral("%i"));
+    // Small print: the chart shares the window's height with the designed area, and the legend
+    // names up to twelve players beside it.
+    QFont small = font();
+    small.setPointSizeF(std::max(6.0, small.pointSizeF() - 2));
+    chart->legend()->setFont(small);
+    axisX_->setLabelsFont(small);
+    axisY_->setLabelsFont(small);
     setChart(chart);
     setRenderHint(QPainter::Antialiasing);
+    // The hover text follows the pointer with no button held.
+    viewport()->setMouseTracking(true);
     marker_ = new QGraphicsLineItem(chart);
     marker_->setPen(QPen(QColor(0xc0, 0x10, 0x10), 2));
     marker_->setZValue(100);  // above every series

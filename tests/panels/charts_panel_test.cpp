@@ -91,6 +91,16 @@ private slots:
         QCOMPARE(s.t.session.position(), last);
     }
 
+    void restingThePointerTellsTheActionAndEveryShownPlayersValue() {
+        Shown s;
+        const QPoint centre = PlotCentre(s.chart);
+        const int event = s.chart.eventAt(centre.x());
+        QTest::mouseMove(s.chart.viewport(), centre);
+        QTRY_VERIFY(QToolTip::isVisible());
+        QCOMPARE(QToolTip::text(), s.chart.hoverText(event));
+        QVERIFY(s.chart.hoverText(event).contains(QString("Akce %1").arg(event)));
+    }
+
     void thePositionsLineFollowsStepsJumpsAndTheSlideShow() {
         Shown s;
         const auto lineAt = [&s] { return std::pair(s.chart.position(), s.chart.markerX()); };
