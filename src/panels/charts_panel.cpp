@@ -28,6 +28,8 @@ constexpr std::pair<Quantity, const char*> kCaptions[] = {
     {Quantity::NectarPerHour, "Nektar za hodinu"}, {Quantity::Moves, "Pocet tahu"},
     {Quantity::ArmyUnits, "Jednotky armady"}};
 
+constexpr int kChartMinimumHeight = 150;
+
 }  // namespace
 
 ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
@@ -49,6 +51,8 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
     column->addWidget(chart, 1);
     for (const auto& [shown, caption] : kCaptions) quantity->addItem(QString::fromLatin1(caption), int(shown));
     saveCsv->setEnabled(false);
+    // Room for the plot under the legend on any screen; more where the window has it.
+    chart->setMinimumHeight(kChartMinimumHeight);
 
     connect(quantity, &QComboBox::currentIndexChanged, this,
             [this] { chart->setQuantity(Quantity(quantity->currentData().toInt())); });

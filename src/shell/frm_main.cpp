@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QKeySequence>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "panels/action_list_panel.h"
@@ -165,7 +166,8 @@ void frmMain::buildCharts() {
     mnuZobrazeni->addSeparator();
     mnuZobrazeni->addAction(showCharts);
     connect(showCharts, &QAction::triggered, this, [this](bool shown) {
-        if (shown) fit_->makeRoomBelow(*chartsDock, kChartsHeight);
+        // Once the dock has its place in the layout, which showing it asks for on the next pass.
+        if (shown) QTimer::singleShot(0, this, [this] { fit_->makeRoomBelow(*chartsDock, kChartsHeight); });
     });
     connect(charts, &trelvin::ChartsPanel::csvWritten, this, &frmMain::showWritten);
     connect(charts, &trelvin::ChartsPanel::csvFailed, this, [this](const QString& text) {
