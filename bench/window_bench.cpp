@@ -4,11 +4,13 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <cstdio>
 #include <random>
 #include <vector>
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QHelpEvent>
 #include <QImage>
 #include <QPainter>
@@ -17,10 +19,12 @@
 #include "bridge/core_text.h"
 #include "model/field_addressing.h"
 #include "panels/action_list_panel.h"
+#include "panels/charts_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
 #include "panels/timeline_strip.h"
 #include "playback/action_list.h"
+#include "playback/course_chart.h"
 #include "playback/timeline.h"
 #include "shell/frm_main.h"
 #include "view/action_marks.h"
@@ -237,6 +241,32 @@ void RunWindowBenchmarks(const std::string& path, int runs, int argc, char** arg
         list.setSearch(other ? QStringLiteral("jednotek") : QStringLiteral("nakup"));
     }).printMedian("list_search_text_ms", "ms (target < 16)");
     list.setSearch({});
+
+    // With the charts shown below the window: the open that builds them, a full paint, and what a
+    // move costs them: the marker moved and the two strips it leaves and reaches repainted, with
+    // the hover text of the action under the pointer.
+    window.chartsDock->show();
+    QApplication::processEvents();
+    const double openChartsMs = medianMilliseconds(runs, [&] {
+        window.mnuOtevritItem_Click();
+        QApplication::processEvents();
+    });
+    std::printf("%-28s %10.3f %s\n", "full_open_with_charts_ms", openChartsMs, "ms (both panels, target < 120)");
+    trelvin::CourseChart& chart = *window.charts->chart;
+    const double chartPaintMs = medianMilliseconds(runs, [&] { chart.viewport()->repaint(); });
+    std::printf("%-28s %10.3f %s\n", "chart_paint_ms", chartPaintMs, "ms (the whole chart)");
+    int hoverLength = 0;
+    const double markerMs = medianMilliseconds(std::max(runs, 60), [&] {
+        const int event = anywhere(random);
+        const int before = chart.xOf(chart.position());
+        chart.setPosition(event);
+        hoverLength += int(chart.hoverText(event).size());
+        const int after = chart.xOf(event);
+        chart.viewport()->repaint(QRect(std::min(before, after) - 2, 0, 5, chart.viewport()->height()));
+        if (std::abs(after - before) > 5) chart.viewport()->repaint(QRect(std::max(before, after) - 2, 0, 5, chart.viewport()->height()));
+    });
+    std::printf("%-28s %10.3f %s\n", "chart_marker_move_ms", markerMs, "ms (with the hover text, target < 2)");
+    if (hoverLength == 0) std::printf("the chart's hover text is empty\n");
 
     std::printf("%-28s %10d\n", "window_messages", messages.count);
 }

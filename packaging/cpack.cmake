@@ -10,7 +10,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION games)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE https://github.com/trelvin/trelvin-replay)
-# Libraries as dpkg-shlibdeps finds them (Qt, and giflib and libwebp for the animations);
+# Libraries as dpkg-shlibdeps finds them (Qt with Qt Charts for the charts, and giflib and
+# libwebp for the animations);
 # what the program loads by name besides: the Qt platform plugins, its fonts and Qt's
 # translations.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -21,8 +22,10 @@ strategy game, and rebuilds its world action by action: the map seen whole or
 as one side sees it, each action's Czech description, date and time with a
 24-hour clock face, a chosen player's standing and a chosen field's details.
 A timeline, a list of every action and jumps to attacks, captured
-headquarters and failures lead through long games. The map can be saved as a
-PNG picture, or a stretch of the game as an animated GIF or WebP, from the
-window or with trelvin-export, which needs no display. trelvin-dump prints a
-replay as JSON Lines.")
+headquarters and failures lead through long games, and charts show each
+player's territory, nectar, moves and armies over the whole game; a click in
+a chart goes to that action. The map can be saved as a PNG picture, or a
+stretch of the game as an animated GIF or WebP, from the window or with
+trelvin-export, which needs no display. trelvin-dump prints a replay as JSON
+Lines, or every player's standing after every action as CSV.")
 include(CPack)

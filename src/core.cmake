@@ -24,5 +24,9 @@ add_library(trelvin_core STATIC
   history/keyframes.cpp
   history/replay_history.cpp
   history/action_players.cpp
+  history/army_tally.cpp
+  history/player_series.cpp
+  history/course_lines.cpp
+  history/player_csv.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -10,6 +10,8 @@ add_library(trelvin_ui STATIC
   playback/clock_face.cpp
   playback/position_texts.cpp
   playback/player_texts.cpp
+  playback/player_colors.cpp
+  playback/course_chart.cpp
   playback/timeline.cpp
   playback/action_search.cpp
   playback/action_row_delegate.cpp
@@ -22,6 +24,7 @@ add_library(trelvin_ui STATIC
   export/webp_writer.cpp
   export/map_export.cpp
   export/export_command_line.cpp
+  export/whole_file.cpp
   session/keyframe_shortcut.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
@@ -35,6 +38,7 @@ add_library(trelvin_ui STATIC
   panels/timeline_strip.cpp
   panels/action_list_panel.cpp
   panels/export_dialog.cpp
+  panels/charts_panel.cpp
   panels/jump_menu.cpp
   panels/help_menu.cpp
   shell/frm_main.cpp
@@ -52,7 +56,7 @@ add_library(trelvin_ui STATIC
 )
 set_target_properties(trelvin_ui PROPERTIES AUTOMOC ON AUTORCC ON)
 target_include_directories(trelvin_ui PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-target_link_libraries(trelvin_ui PUBLIC trelvin_core Qt6::Widgets PRIVATE GIF::GIF PkgConfig::WEBP)
+target_link_libraries(trelvin_ui PUBLIC trelvin_core Qt6::Widgets Qt6::Charts PRIVATE GIF::GIF PkgConfig::WEBP)
 target_compile_definitions(trelvin_ui PRIVATE TRELVIN_VERSION="${PROJECT_VERSION}")
 
 add_executable(trelvin-replay shell/main.cpp)

@@ -1,5 +1,7 @@
 // trelvin-dump: loads a replay with the viewer's loader, applies every event as stepping
-// forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests.
+// forward in the viewer does, and prints JSON Lines (UTF-8) for scripts and tests, or with
+// --csv every player's standing after every event.
+#include <algorithm>
 #include <cstring>
 #include <exception>
 #include <iostream>
@@ -9,9 +11,12 @@
 #include <nlohmann/json.hpp>
 
 #include "engine/event_executor.h"
+#include "history/army_tally.h"
+#include "history/player_csv.h"
 #include "model/game_words.h"
 #include "model/replay_loader.h"
 #include "model/text_encoding.h"
+#include "model/version_text.h"
 #include "view/field_pictures.h"
 
 namespace {
@@ -20,6 +25,7 @@ using json = nlohmann::ordered_json;
 using namespace trelvin;
 
 struct Options {
+    bool csv = false;
     bool tiles = false;
     std::optional<ViewMode> view;
     std::string path;
@@ -36,7 +42,9 @@ std::optional<Options> parseArguments(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
-        if (argument == "--tiles") {
+        if (argument == "--csv") {
+            options.csv = true;
+        } else if (argument == "--tiles") {
             options.tiles = true;
         } else if (argument == "--view" && i + 1 < argc) {
             options.view = parseView(argv[++i]);
@@ -50,7 +58,8 @@ std::optional<Options> parseArguments(int argc, char** argv) {
             options.path = argument;
         }
     }
-    if (options.path.empty()) return std::nullopt;
+    // The CSV's values are those of the plain JSON lines: no redraw writes into the world.
+    if (options.path.empty() || (options.csv && (options.tiles || options.view))) return std::nullopt;
     return options;
 }
 
@@ -62,7 +71,7 @@ json messagesOf(const RecordingReporter& reporter) {
     return messages;
 }
 
-json playersOf(const WorldState& world) {
+json playersOf(const WorldState& world, const ArmyTally& tally) {
     json players = json::array();
     for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
         const Player& p = world.players[i];
@@ -73,9 +82,21 @@ json playersOf(const WorldState& world) {
                            {"nectar", p.nectar},
                            {"nectarPerHour", p.nectarPerHour},
                            {"territory", p.territory},
+                           {"armyUnits", tally.unitsOf(i)},
                            {"playing", p.playing}});
     }
     return players;
+}
+
+// One row per player after event `index`, with the values of that event's JSON line.
+std::string csvRowsOf(const WorldState& world, int index, const ArmyTally& tally) {
+    std::string rows;
+    for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
+        const Player& player = world.players[i];
+        AppendPlayerCsvRow(rows, index, world.events[index].time, {player.name, player.side, player.hqField},
+                           StandingOf(player, tally.unitsOf(i)));
+    }
+    return rows;
 }
 
 json tilesOf(const WorldState& world) {
@@ -91,26 +112,40 @@ json tilesOf(const WorldState& world) {
     return tiles;
 }
 
+// The load, then each event as soon as it is applied. As CSV the load tells only through standard
+// error, and a failed load leaves no event to apply: the header alone.
 void dump(const Options& options) {
     WorldState world;
     RecordingReporter loadReporter;
     LoadReplay(world, options.path, loadReporter);
-    std::cout << json{{"load",
-                       {{"worldName", utf8(world.worldName)},
-                        {"playerLimit", world.playerLimit},
-                        {"mapWidth", world.mapWidth},
-                        {"mapHeight", world.mapHeight},
-                        {"speed", world.speed},
-                        {"eventCount", world.eventCount},
-                        {"eventsRead", world.lastEventIndex()},
-                        {"loaded", world.loaded},
-                        {"messages", messagesOf(loadReporter)}}}}
-                     .dump()
-              << '\n';
+    if (options.csv) {
+        for (const std::string& text : loadReporter.texts) std::cerr << "trelvin-dump: " << utf8(text) << '\n';
+        std::cout << kPlayerCsvHeader;
+    } else {
+        std::cout << json{{"load",
+                           {{"worldName", utf8(world.worldName)},
+                            {"playerLimit", world.playerLimit},
+                            {"mapWidth", world.mapWidth},
+                            {"mapHeight", world.mapHeight},
+                            {"speed", world.speed},
+                            {"eventCount", world.eventCount},
+                            {"eventsRead", world.lastEventIndex()},
+                            {"loaded", world.loaded},
+                            {"messages", messagesOf(loadReporter)}}}}
+                         .dump()
+                  << '\n';
+    }
 
+    ArmyTally tally;
     for (int i = 1; i <= world.eventCount; ++i) {
         RecordingReporter reporter;
         ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+        tally.update(world, i);
+        if (options.csv) {
+            // Only applied events have rows: an index beyond the list has no time.
+            if (i <= world.lastEventIndex()) std::cout << csvRowsOf(world, i, tally);
+            continue;
+        }
         json line{{"index", i}};
         if (i <= world.lastEventIndex()) {
             line["time"] = world.events[i].time.iso();
@@ -118,7 +153,7 @@ void dump(const Options& options) {
         }
         line["actionText"] = utf8(world.actionText);
         line["messages"] = messagesOf(reporter);
-        line["players"] = playersOf(world);
+        line["players"] = playersOf(world, tally);
         std::optional<std::vector<int>> pictures;
         if (options.view && i > 1) pictures = RedrawPictures(world, *options.view, world.fieldCount());
         if (options.tiles) line["tiles"] = tilesOf(world);
@@ -127,13 +162,17 @@ void dump(const Options& options) {
     }
 }
 
-constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n";
+constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n"
+                               "       trelvin-dump --csv FILE\n";
 
 constexpr const char* kHelp =
     "Loads a Trelvin replay with the viewer's own code, applies every event in turn and prints\n"
     "JSON Lines: first the load, then one line per event.\n\n"
     "  --tiles              add every field's terrain, owner, army type and count\n"
     "  --view all|les|louka add the picture of every field in that way of viewing\n"
+    "  --csv                print CSV instead: a header row, then one row per event and player\n"
+    "                       (index,time,player,side,moves,nectar,nectarPerHour,territory,\n"
+    "                       armyUnits,hqField,playing)\n"
     "  -h, --help           print this help\n"
     "  -v, --version        print the version\n";
 
@@ -147,7 +186,7 @@ int main(int argc, char** argv) {
             return 0;
         }
         if (argument == "-v" || argument == "--version") {
-            std::cout << "trelvin-dump " << TRELVIN_VERSION << '\n';
+            std::cout << VersionText("trelvin-dump", TRELVIN_VERSION);
             return 0;
         }
     }

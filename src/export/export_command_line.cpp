@@ -6,6 +6,7 @@
 #include <map>
 
 #include "model/game_words.h"
+#include "model/version_text.h"
 
 namespace trelvin {
 
@@ -71,7 +72,7 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
     for (std::size_t i = 1; i < arguments.size() && arguments[i] != "--"; ++i) {
         if (arguments[i] == "-h" || arguments[i] == "--help") return {std::nullopt, 0, std::string(kUsage) + "\n" + kHelp, {}};
         if (arguments[i] == "-v" || arguments[i] == "--version")
-            return {std::nullopt, 0, std::string("trelvin-export ") + TRELVIN_VERSION + "\n", {}};
+            return {std::nullopt, 0, VersionText("trelvin-export", TRELVIN_VERSION), {}};
     }
     ExportArguments result;
     int at = 0, to = 0;

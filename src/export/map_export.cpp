@@ -4,7 +4,6 @@
 #include <memory>
 #include <new>
 
-#include <QFileInfo>
 #include <QImageWriter>
 #include <QSaveFile>
 
@@ -12,6 +11,7 @@
 #include "export/gif_writer.h"
 #include "export/map_frames.h"
 #include "export/webp_writer.h"
+#include "export/whole_file.h"
 
 namespace trelvin {
 
@@ -63,13 +63,8 @@ ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* 
     if (job.last < job.first) return failed(QStringLiteral("Posledni akce %1 je pred prvni %2").arg(job.last).arg(job.first));
     if (*format == ExportFormat::Png && job.last != job.first)
         return failed(QStringLiteral("Obrazek PNG ukazuje jedinou akci, animaci ukladejte jako GIF nebo WebP"));
-    // Only a file is replaced; a folder or a device of that name is left alone.
-    const QFileInfo target(job.path);
-    if (target.exists() && !target.isFile())
-        return failed(QStringLiteral("%1 neni obycejny soubor").arg(job.path));
     QSaveFile file(job.path);
-    if (!file.open(QIODevice::WriteOnly))
-        return failed(QStringLiteral("Soubor %1 nelze zapsat: %2").arg(job.path, file.errorString()));
+    if (const QString failure = OpenWhole(file); !failure.isEmpty()) return failed(failure);
 
     MapFrames frames(replay, job.picture, job.palette);
     const auto keepGoing = [&] { return !progress || progress->keepGoing(std::uint64_t(frames.action()), std::uint64_t(job.last)); };
@@ -82,11 +77,7 @@ ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* 
         writer->add(frames.image(), frames.changed());
     }
     writer->finish();
-    // A disk that fills up may take part of a write without a word: what reached it is counted.
-    const bool whole = file.flush() && file.size() == file.pos();
-    if (!whole || !file.commit())
-        return failed(QStringLiteral("Soubor %1 nelze zapsat: %2")
-                          .arg(job.path, whole ? file.errorString() : QStringLiteral("na disk se nevesel cely")));
+    if (const QString failure = CommitWhole(file); !failure.isEmpty()) return failed(failure);
     return {};
 }
 

@@ -14,6 +14,7 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
         ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
         history.log.record(scratch, index, std::move(reporter.texts));
         history.keyframes.record(scratch, index, history.log.event(index));
+        history.series.record(scratch, index);
     }
     return history;
 }

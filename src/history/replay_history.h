@@ -5,6 +5,7 @@
 #include "history/action_log.h"
 #include "history/action_players.h"
 #include "history/keyframes.h"
+#include "history/player_series.h"
 #include "model/world_state.h"
 
 namespace trelvin {
@@ -13,6 +14,7 @@ struct ReplayHistory {
     ActionLog log;
     ActionPlayers players;
     Keyframes keyframes;
+    PlayerSeries series;  // every player's standing after every event
 
     // Applies the loaded events 1 .. the last in the list to a copy of `world`.
     static ReplayHistory Build(const WorldState& world);

@@ -29,6 +29,7 @@ const std::vector<KeyRow>& KeyTable() {
          {keys(Qt::CTRL | Qt::SHIFT | Qt::Key_Right), keys(Qt::CTRL | Qt::SHIFT | Qt::Key_Left)}},
         {"F8 / Shift+F8", "Dalsi / predchozi akce, ktera hlasila chybu", {keys(Qt::Key_F8), keys(Qt::SHIFT | Qt::Key_F8)}},
         {"Ctrl+L", "Ukazat nebo skryt seznam akci", {keys(Qt::CTRL | Qt::Key_L)}},
+        {"Ctrl+P", "Ukazat nebo skryt prubeh hry", {keys(Qt::CTRL | Qt::Key_P)}},
         {"Ctrl++ (Ctrl+=) / Ctrl+- / Ctrl+0 / F", "Mapu priblizit / oddalit / na 100 % / celou",
          {keys(Qt::CTRL | Qt::Key_Plus), keys(Qt::CTRL | Qt::Key_Equal), keys(Qt::CTRL | Qt::Key_Minus),
           keys(Qt::CTRL | Qt::Key_0), keys(Qt::Key_F)}},

@@ -11,6 +11,7 @@
 
 #include "bridge/twips.h"
 #include "panels/designed_label.h"
+#include "playback/player_colors.h"
 #include "playback/player_texts.h"
 #include "session/replay_session.h"
 
@@ -18,11 +19,11 @@ namespace trelvin {
 
 namespace {
 
-// The drop-down as wide as its longest entry; the box itself keeps its designed size.
+// The drop-down as wide as its longest entry with its colour; the box itself keeps its designed size.
 void widenDropDown(QComboBox* box) {
     int widest = 0;
     for (int i = 0; i < box->count(); ++i) widest = std::max(widest, box->fontMetrics().horizontalAdvance(box->itemText(i)));
-    box->view()->setMinimumWidth(widest + 2 * box->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    box->view()->setMinimumWidth(widest + box->iconSize().width() + 2 * box->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
 }  // namespace
@@ -36,6 +37,7 @@ PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     cmbHraci->setInsertPolicy(QComboBox::NoInsert);
     cmbHraci->setEditText(QStringLiteral("Zvolte hrace"));
     cmbHraci->setEnabled(false);
+    cmbHraci->setIconSize(QSize(kColorMarkPixels, kColorMarkPixels));
     // A file dropped anywhere opens it, the text field included.
     cmbHraci->lineEdit()->setAcceptDrops(false);
     PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
@@ -61,7 +63,9 @@ void PlayerPanel::refreshList() {
         const QSignalBlocker quiet(cmbHraci);
         const int remembered = cmbHraci->currentIndex();
         cmbHraci->clear();
-        cmbHraci->addItems(PlayerListEntries(session_.world()));
+        // Each entry in its player's colour, as the charts draw the player.
+        const QStringList entries = PlayerListEntries(session_.world());
+        for (int i = 0; i < entries.size(); ++i) cmbHraci->addItem(PlayerColorMark(i + 1), entries[i]);
         cmbHraci->setCurrentIndex(remembered < cmbHraci->count() ? remembered : -1);
         widenDropDown(cmbHraci);
     }

@@ -4,6 +4,8 @@
 
 #include <QCommandLineParser>
 
+#include "model/version_text.h"
+
 namespace trelvin {
 
 namespace {
@@ -34,7 +36,7 @@ std::optional<ViewerArguments> ReadViewerArguments(const QStringList& arguments,
         return std::nullopt;
     }
     if (parser.isSet(version)) {
-        print(stdout, QStringLiteral("trelvin-replay %1\n").arg(QStringLiteral(TRELVIN_VERSION)));
+        print(stdout, QString::fromStdString(VersionText("trelvin-replay", TRELVIN_VERSION)));
         exitStatus = 0;
         return std::nullopt;
     }

@@ -13,9 +13,11 @@
 #include <QRadioButton>
 #include <QKeySequence>
 #include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include "panels/action_list_panel.h"
+#include "panels/charts_panel.h"
 #include "panels/description_strip.h"
 #include "panels/field_panel.h"
 #include "panels/help_menu.h"
@@ -68,14 +70,14 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
     mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
     mnuSoubor->insertSeparator(mnuKonecItem);
-    connect(exports, &trelvin::ExportCommands::written, this,
-            [this](const QString& path) { statusBar()->showMessage(QStringLiteral("Ulozeno: ") + path); });
+    connect(exports, &trelvin::ExportCommands::written, this, &frmMain::showWritten);
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});
     mnuZobrazeni->addSeparator();
     mnuZobrazeni->addAction(grid->highlightAction);
     buildFindingAids();
+    buildCharts();
     mnuNapoveda = new trelvin::HelpMenu(this);
     menuBar()->addMenu(mnuNapoveda);
     setTabOrderByLayout();
@@ -163,3 +165,32 @@ void frmMain::showJumpStatus(int position, const QStringList& messages) {
         status += QStringLiteral(": pri opakovani akci %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
     statusBar()->showMessage(status);
 }
+
+// Below the window and hidden at first: the designed window stays as it was until the user asks
+// for the charts, which then get room of their own.
+void frmMain::buildCharts() {
+    constexpr int kChartsHeight = 260;
+    charts = new trelvin::ChartsPanel(*session_, this);
+    chartsDock = new QDockWidget(QStringLiteral("Prubeh hry"), this);
+    chartsDock->setObjectName(QStringLiteral("chartsDock"));
+    chartsDock->setWidget(charts);
+    chartsDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable |
+                            QDockWidget::DockWidgetFloatable);
+    addDockWidget(Qt::BottomDockWidgetArea, chartsDock);
+    chartsDock->hide();
+    QAction* showCharts = chartsDock->toggleViewAction();
+    showCharts->setText(QStringLiteral("&Prubeh hry"));
+    showCharts->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    mnuZobrazeni->addSeparator();
+    mnuZobrazeni->addAction(showCharts);
+    connect(showCharts, &QAction::triggered, this, [this](bool shown) {
+        // Once the dock has its place in the layout, which showing it asks for on the next pass.
+        if (shown) QTimer::singleShot(0, this, [this] { fit_->makeRoomBelow(*chartsDock, kChartsHeight); });
+    });
+    connect(charts, &trelvin::ChartsPanel::csvWritten, this, &frmMain::showWritten);
+    connect(charts, &trelvin::ChartsPanel::csvFailed, this, [this](const QString& text) {
+        services_.messages.showMessage(QStringLiteral("Chyba pri ukladani CSV - ") + text);
+    });
+}
+
+void frmMain::showWritten(const QString& path) { statusBar()->showMessage(QStringLiteral("Ulozeno: ") + path); }

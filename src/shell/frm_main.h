@@ -19,6 +19,7 @@ class QMenu;
 
 namespace trelvin {
 class ActionListPanel;
+class ChartsPanel;
 class ExportCommands;
 class DescriptionStrip;
 class FieldPanel;
@@ -73,6 +74,9 @@ public:
     QDockWidget* actionDock;
     trelvin::ActionListPanel* actionList;
     trelvin::HelpMenu* mnuNapoveda;
+    // Each player's course over the whole replay, below the window.
+    QDockWidget* chartsDock;
+    trelvin::ChartsPanel* charts;
 
 public slots:
     void Form_Load();
@@ -88,11 +92,14 @@ protected:
 private:
     void buildPanels(QWidget* client);
     void buildFindingAids();
+    void buildCharts();
     void setTabOrderByLayout();
     // The open flow; a dropped file stands in for the dialog's choice.
     void runOpenFlow(const std::optional<QString>& dropped);
     // What a jump or a search for one tells goes to the status line, until the next move or open.
     void showJumpStatus(int position, const QStringList& messages);
+    // So does the name of a file the user had written.
+    void showWritten(const QString& path);
 
     trelvin::WindowServices services_;
     trelvin::MessageReporter reporter_;

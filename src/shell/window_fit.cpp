@@ -63,9 +63,15 @@ void WindowFit::settleLayout() {
 
 void WindowFit::resizeClient(QSize client) {
     settleLayout();
-    QSize wanted = client + (window_.size() - client_.size());
     // The list beside keeps the width it has; the change goes to the designed area.
     const int listWidth = listDock_.isVisible() && !listDock_.isFloating() ? listDock_.width() : 0;
+    resizeWindow(client + (window_.size() - client_.size()));
+    if (listWidth > 0) window_.resizeDocks({&listDock_}, {listWidth}, Qt::Horizontal);
+    settleLayout();
+    placeMapArea();
+}
+
+void WindowFit::resizeWindow(QSize wanted) {
     if (const QScreen* display = window_.screen()) {
         const QRect room = display->availableGeometry();
         // A window manager that has not framed the window yet tells no border: leave room for
@@ -83,7 +89,17 @@ void WindowFit::resizeClient(QSize client) {
     } else {
         window_.resize(wanted);
     }
-    if (listWidth > 0) window_.resizeDocks({&listDock_}, {listWidth}, Qt::Horizontal);
+}
+
+void WindowFit::makeRoomBelow(QDockWidget& dock, int height) {
+    if (dock.isFloating()) return;
+    settleLayout();
+    const int spare = std::max(0, client_.height() - designedClient().height());
+    const int missing = height - dock.height() - spare;
+    if (missing > 0 && !window_.isMaximized() && !window_.isFullScreen())
+        resizeWindow(window_.size() + QSize(0, missing));
+    settleLayout();
+    window_.resizeDocks({&dock}, {height}, Qt::Vertical);
     settleLayout();
     placeMapArea();
 }

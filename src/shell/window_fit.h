@@ -26,6 +26,9 @@ public:
     void showDesignedClient();
     // Grown to show the map whole at 100 % where the screen has room.
     void growToShowMap();
+    // A dock just shown below the designed area gets `height`: first from what the map area has
+    // beyond its designed height, then by a taller window where the screen has room.
+    void makeRoomBelow(QDockWidget& dock, int height);
     // Outer width in twips of the window as designed, as the grid's formula reads it: the
     // panels added beside it are not counted.
     int outerWidthTwips() const;
@@ -35,6 +38,8 @@ protected:
 
 private:
     void resizeClient(QSize client);
+    // The window at `wanted`, or as much of it as the screen has room for, kept on the screen.
+    void resizeWindow(QSize wanted);
     // Lays the window out now, shown or not, so that sizes read next are current.
     void settleLayout();
     void placeMapArea();

@@ -28,7 +28,7 @@ done
 
 control="$(dpkg-deb -f "$deb" Package Version Section Maintainer Depends)"
 for expected in "Section: games" "Maintainer: " "libqt6widgets6" "qt6-qpa-plugins" "fonts-liberation2" \
-                "fonts-comic-neue" "qt6-translations-l10n" "libgif7" "libwebp7" "libwebpmux3"; do
+                "fonts-comic-neue" "qt6-translations-l10n" "libgif7" "libwebp7" "libwebpmux3" "libqt6charts6"; do
   grep -qF "$expected" <<< "$control" || fail "control lacks '$expected': $control"
 done
 case "$(basename "$deb")" in trelvin-replay_*_"$(dpkg --print-architecture)".deb) ;; *) fail "name $deb" ;; esac
@@ -45,8 +45,9 @@ done
 for program in trelvin-replay trelvin-dump trelvin-export; do
   env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM "$root/usr/games/$program" --help | grep -qi "usage" ||
     fail "$program --help"
-  [ "$(env -u DISPLAY "$root/usr/games/$program" --version)" = "$program $(dpkg-deb -f "$deb" Version)" ] ||
-    fail "$program --version"
+  version="$(env -u DISPLAY "$root/usr/games/$program" --version)"
+  [ "$(head -n 1 <<< "$version")" = "$program $(dpkg-deb -f "$deb" Version)" ] || fail "$program --version: $version"
+  grep -qF "GNU GPL version 3 or later" <<< "$version" || fail "$program --version names no licence: $version"
   status=0
   env -u DISPLAY "$root/usr/games/$program" --no-such-option > /dev/null 2> "$work/usage" || status=$?
   [ "$status" -eq 2 ] && grep -qi "usage" "$work/usage" || fail "$program with a wrong option: $status"

@@ -6,7 +6,7 @@
 #include <QtTest>
 
 #include "bridge/core_text.h"
-#include "replay_generator.h"
+#include "support/generated_lines.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;
@@ -21,30 +21,8 @@ constexpr int kRows = 15;
 constexpr int kEvents = 2 * Keyframes::kSpacing + 700;  // two keyframes and events after the last
 
 // The generated replay's lines, to be changed into a hostile one.
-struct Lines {
-    Lines() {
-        const std::string text = trelvin::GenerateReplay({kColumns, kRows, 4, kEvents, 3});
-        for (std::size_t start = 0; start < text.size();) {
-            const std::size_t end = text.find("\r\n", start);
-            lines.push_back(text.substr(start, end - start));
-            start = end + 2;
-        }
-    }
-    // A line of `action` at the time of the line it goes after.
-    void insert(std::size_t at, const std::string& action) {
-        lines.insert(lines.begin() + std::ptrdiff_t(at), lines[at - 1].substr(0, 20) + action);
-    }
-    // From near the end backwards, so that the places still count from the start.
-    void insertEvery(int step, const std::vector<std::string>& actions) {
-        std::size_t next = 0;
-        for (int at = int(lines.size()) - 3; at > 10; at -= step) insert(std::size_t(at), actions[next++ % actions.size()]);
-    }
-    std::string text() const {
-        std::string result;
-        for (const std::string& line : lines) result += line + "\r\n";
-        return result;
-    }
-    std::vector<std::string> lines;
+struct Lines : GeneratedLines {
+    Lines() : GeneratedLines({kColumns, kRows, 4, kEvents, 3}) {}
 };
 
 enum class Keyframing { Used, NotUsed, UsedUntilFieldZeroChanges };
@@ -61,8 +39,8 @@ std::vector<Case> Cases() {
     // Valid, with the end the loader adds after a final attack: the rule fills in the winner,
     // which a rebuild to before it keeps.
     Lines valid;
-    valid.lines.push_back(valid.lines.back().substr(0, 20) + "buy;C5;Hovado;1");
-    valid.lines.push_back(valid.lines.back().substr(0, 20) + "end;");
+    valid.append("buy;C5;Hovado;1");
+    valid.append("end;");
     cases.push_back({"valid", valid.text(), Keyframing::Used, false});
 
     // Failing moves and purchases, attacks without the moves to pay for them, ends in the middle
@@ -72,14 +50,14 @@ std::vector<Case> Cases() {
     Lines failing;
     failing.insertEvery(97, {"move;A0;Z99;5", "end;louka", "attack;A0;B0;5;1;3", "convert_gnd;C5;",
                              "buy;A14;Hovado;30000", "trade;Nikdo;Hrac1;7", "retreat;C3;9"});
-    failing.lines.push_back(failing.lines.back().substr(0, 20) + "create_hq;Pozdni;les;B2");
+    failing.append("create_hq;Pozdni;les;B2");
     cases.push_back({"failing actions and ends", failing.text(), Keyframing::Used, true});
 
     // Ends whose rule cannot write: the event before the last names no field.
     Lines unwritable;
     unwritable.insertEvery(301, {"end;les"});
-    unwritable.lines.push_back(unwritable.lines.back().substr(0, 20) + "move;Z99;A0;1");
-    unwritable.lines.push_back(unwritable.lines.back().substr(0, 20) + "end;les");
+    unwritable.append("move;Z99;A0;1");
+    unwritable.append("end;les");
     cases.push_back({"ends that cannot write", unwritable.text(), Keyframing::Used, true});
 
     // A purchase on a blank field writes into entry 0 of the fields, which the world's creation

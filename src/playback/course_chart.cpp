@@ -1,0 +1,272 @@
+#include "playback/course_chart.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include <QGraphicsLineItem>
+#include <QLegend>
+#include <QLegendMarker>
+#include <QLineSeries>
+#include <QMouseEvent>
+#include <QScatterSeries>
+#include <QToolTip>
+#include <QValueAxis>
+
+#include "bridge/core_text.h"
+#include "history/course_lines.h"
+#include "playback/player_colors.h"
+#include "playback/position_texts.h"
+
+namespace trelvin {
+
+namespace {
+
+constexpr qreal kLineWidth = 1.5;
+constexpr qreal kEndMarkSize = 10;
+constexpr qreal kHiddenAlpha = 0.3;
+constexpr int kLabelledTicks = 8;
+
+// Round action numbers, about eight of them over the replay.
+double tickInterval(int eventCount) {
+    const double raw = std::max(1.0, double(eventCount) / kLabelledTicks);
+    const double magnitude = std::pow(10.0, std::floor(std::log10(raw)));
+    for (const double step : {1.0, 2.0, 5.0})
+        if (step * magnitude >= raw) return step * magnitude;
+    return 10 * magnitude;
+}
+
+QString entryOf(const PlayerIdentity& who) { return FromCore(who.name + " (" + who.side + ")"); }
+
+QColor withAlpha(QColor color, qreal alpha) {
+    color.setAlphaF(float(alpha));
+    return color;
+}
+
+}  // namespace
+
+CourseChart::CourseChart(QWidget* parent) : QChartView(parent), axisX_(new QValueAxis), axisY_(new QValueAxis) {
+    auto* chart = new QChart;
+    chart->setMargins(QMargins(2, 2, 2, 2));
+    chart->setBackgroundRoundness(0);
+    chart->legend()->setAlignment(Qt::AlignTop);
+    chart->addAxis(axisX_, Qt::AlignBottom);
+    chart->addAxis(axisY_, Qt::AlignLeft);
+    axisX_->setLabelFormat(QStringLiteral("%i"));
+    axisX_->setTickType(QValueAxis::TicksDynamic);
+    axisX_->setTickAnchor(0);
+    axisY_->setLabelFormat(QStringLiteral("%i"));
+    // Small print: the chart shares the window's height with the designed area, and the legend
+    // names up to twelve players beside it.
+    QFont small = font();
+    small.setPointSizeF(std::max(6.0, small.pointSizeF() - 2));
+    chart->legend()->setFont(small);
+    axisX_->setLabelsFont(small);
+    axisY_->setLabelsFont(small);
+    setChart(chart);
+    setRenderHint(QPainter::Antialiasing);
+    // The hover text follows the pointer with no button held.
+    viewport()->setMouseTracking(true);
+    marker_ = new QGraphicsLineItem(chart);
+    marker_->setPen(QPen(QColor(0xc0, 0x10, 0x10), 2));
+    marker_->setZValue(100);  // above every series
+    connect(chart, &QChart::plotAreaChanged, this, &CourseChart::placeMarker);
+    rebuild();
+}
+
+void CourseChart::showReplay(const ReplayHistory& history, int eventCount) {
+    history_ = &history;
+    eventCount_ = std::min({eventCount, history.log.size(), history.series.eventCount()});
+    hidden_.assign(std::size_t(history.series.placeCount()), false);
+    chart()->setTitle(history.series.complete() ? QString()
+                                                : QStringLiteral("Grafy nejsou k dispozici: replay ma prilis mnoho "
+                                                                 "hracu nebo zmen"));
+    rebuild();
+}
+
+void CourseChart::setQuantity(Quantity quantity) {
+    quantity_ = quantity;
+    rebuild();
+}
+
+void CourseChart::setPosition(int position) {
+    position_ = position;
+    placeMarker();
+}
+
+bool CourseChart::playerShown(int place) const {
+    return place >= 1 && place <= int(hidden_.size()) && !hidden_[std::size_t(place - 1)];
+}
+
+void CourseChart::setPlayerShown(int place, bool shown) {
+    if (place < 1 || place > playerCount()) return;
+    hidden_[std::size_t(place - 1)] = !shown;
+    showShown(place);
+    fitValues();
+}
+
+const std::vector<QAbstractSeries*>& CourseChart::seriesOf(int place) const {
+    return seriesOf_.at(std::size_t(place - 1));
+}
+
+void CourseChart::rebuild() {
+    chart()->removeAllSeries();
+    const bool charted = history_ && eventCount_ >= 1 && history_->series.complete();
+    const int players = charted ? history_->series.placeCount() : 0;
+    seriesOf_.assign(std::size_t(players), {});
+    legendOf_.assign(std::size_t(players), nullptr);
+    ranges_.assign(std::size_t(players), {std::numeric_limits<qint64>::max(), std::numeric_limits<qint64>::min()});
+    // The axis lays out its labels at each change: a long replay's range with a short one's
+    // interval would make tens of thousands of them for a moment. The interval grows and shrinks
+    // with the range, so the one that makes fewer ticks goes first.
+    const double interval = tickInterval(eventCount_);
+    if (interval >= axisX_->tickInterval()) axisX_->setTickInterval(interval);
+    axisX_->setRange(1, std::max(eventCount_, 2));
+    axisX_->setTickInterval(interval);
+    for (int place = 1; place <= players; ++place) addPlayer(place);
+    fitValues();
+    placeMarker();
+}
+
+void CourseChart::addPlayer(int place) {
+    const QColor color = PlayerColor(place);
+    std::vector<QAbstractSeries*>& series = seriesOf_[std::size_t(place - 1)];
+    Range& range = ranges_[std::size_t(place - 1)];
+    const auto add = [&](QXYSeries* added, const QList<QPointF>& points) {
+        added->replace(points);
+        chart()->addSeries(added);
+        added->attachAxis(axisX_);
+        added->attachAxis(axisY_);
+        series.push_back(added);
+    };
+    QList<QPointF> ends;
+    const std::vector<CourseLine> lines = CourseLinesOf(history_->series, place, quantity_, eventCount_);
+    for (const CourseLine& line : lines) {
+        QList<QPointF> points;
+        points.reserve(qsizetype(line.points.size()));
+        for (const CoursePoint& point : line.points) {
+            points.append(QPointF(point.event, point.value));
+            range = {std::min<qint64>(range.low, point.value), std::max<qint64>(range.high, point.value)};
+        }
+        if (line.endsOut) ends.append(points.back());
+        auto* drawn = new QLineSeries;
+        drawn->setPen(QPen(color, kLineWidth));
+        add(drawn, points);
+    }
+    // The legend names every player, charted or not.
+    if (lines.empty()) add(new QLineSeries, {});
+    if (!ends.isEmpty()) {
+        auto* mark = new QScatterSeries;
+        mark->setMarkerShape(QScatterSeries::MarkerShapeRotatedRectangle);
+        mark->setMarkerSize(kEndMarkSize);
+        mark->setColor(color);
+        mark->setBorderColor(color.darker(170));
+        add(mark, ends);
+    }
+    series.front()->setName(entryOf(history_->series.lastHolder(place)));
+    legendOf_[std::size_t(place - 1)] = chart()->legend()->markers(series.front()).value(0);
+    if (QLegendMarker* entry = legendOf_[std::size_t(place - 1)])
+        connect(entry, &QLegendMarker::clicked, this, [this, place] { setPlayerShown(place, !playerShown(place)); });
+    showShown(place);
+}
+
+// Hiding a series hides its legend entry too: a player's entry stays, faded, and only the first
+// of the player's series has one.
+void CourseChart::showShown(int place) {
+    const bool shown = playerShown(place);
+    const std::vector<QAbstractSeries*>& series = seriesOf(place);
+    for (QAbstractSeries* each : series) {
+        each->setVisible(shown);
+        if (each != series.front())
+            for (QLegendMarker* entry : chart()->legend()->markers(each)) entry->setVisible(false);
+    }
+    QLegendMarker* entry = legendOf_[std::size_t(place - 1)];
+    if (!entry) return;
+    const qreal alpha = shown ? 1.0 : kHiddenAlpha;
+    entry->setVisible(true);
+    entry->setBrush(withAlpha(PlayerColor(place), alpha));
+    entry->setPen(QPen(withAlpha(PlayerColor(place).darker(150), alpha)));
+    entry->setLabelBrush(withAlpha(palette().color(QPalette::Text), alpha));
+}
+
+// The values of the players shown, from 0 or the lowest below it, on round numbers.
+void CourseChart::fitValues() {
+    qint64 low = 0, high = 1;
+    for (int place = 1; place <= playerCount(); ++place) {
+        const Range& range = ranges_[std::size_t(place - 1)];
+        if (!playerShown(place) || range.low > range.high) continue;
+        low = std::min(low, range.low);
+        high = std::max(high, range.high);
+    }
+    axisY_->setRange(double(low), double(high));
+    axisY_->applyNiceNumbers();
+}
+
+void CourseChart::placeMarker() {
+    const QRectF plot = chart()->plotArea();
+    const bool shown = position_ >= 1 && position_ <= eventCount_ && plot.width() > 0;
+    marker_->setVisible(shown);
+    if (!shown) return;
+    const qreal x = plot.left() + (position_ - axisX_->min()) / (axisX_->max() - axisX_->min()) * plot.width();
+    marker_->setLine(x, plot.top(), x, plot.bottom());
+}
+
+int CourseChart::eventAt(int x) const {
+    if (eventCount_ < 1) return 0;
+    const QRectF plot = chart()->plotArea();
+    const qreal inChart = chart()->mapFromScene(mapToScene(QPoint(x, 0))).x();
+    const double event = axisX_->min() + (inChart - plot.left()) / plot.width() * (axisX_->max() - axisX_->min());
+    return std::clamp(int(std::lround(event)), 1, eventCount_);
+}
+
+int CourseChart::xOf(int event) const {
+    const QRectF plot = chart()->plotArea();
+    const qreal inChart = plot.left() + (event - axisX_->min()) / (axisX_->max() - axisX_->min()) * plot.width();
+    return mapFromScene(chart()->mapToScene(QPointF(inChart, plot.center().y()))).x();
+}
+
+std::optional<int> CourseChart::markerX() const {
+    if (!marker_->isVisible()) return std::nullopt;
+    return mapFromScene(marker_->mapToScene(marker_->line().p1())).x();
+}
+
+bool CourseChart::overPlot(QPoint viewportPoint) const {
+    return chart()->plotArea().contains(chart()->mapFromScene(mapToScene(viewportPoint)));
+}
+
+QString CourseChart::hoverText(int event) const {
+    if (eventCount_ < 1 || event < 1 || event > eventCount_) return {};
+    QString text = QStringLiteral("<p style=\"white-space:pre\"><b>Akce %1</b>&nbsp;&nbsp;%2")
+                       .arg(event)
+                       .arg(GeneralDateText(history_->log.event(event).time).toHtmlEscaped());
+    for (int place = 1; place <= playerCount(); ++place) {
+        const std::optional<PlayerSeries::Entry> entry = history_->series.at(event, place);
+        if (!playerShown(place) || !entry) continue;
+        text += QStringLiteral("<br><span style=\"color:%1\">&#9632;</span> %2: %3")
+                    .arg(PlayerColor(place).name(), entryOf(*entry->who).toHtmlEscaped(),
+                         entry->standing.playing ? QString::number(entry->standing.value(quantity_))
+                                                 : QStringLiteral("Uz nehraje"));
+    }
+    return text + QStringLiteral("</p>");
+}
+
+void CourseChart::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && eventCount_ >= 1 && overPlot(at)) {
+        emit positionRequested(eventAt(at.x()));
+        event->accept();
+        return;
+    }
+    QChartView::mousePressEvent(event);
+}
+
+void CourseChart::mouseMoveEvent(QMouseEvent* event) {
+    QChartView::mouseMoveEvent(event);
+    const QPoint at = event->position().toPoint();
+    if (eventCount_ >= 1 && overPlot(at))
+        QToolTip::showText(event->globalPosition().toPoint(), hoverText(eventAt(at.x())), viewport());
+    else
+        QToolTip::hideText();
+}
+
+}  // namespace trelvin
