@@ -30,6 +30,8 @@ constexpr std::pair<Quantity, const char*> kCaptions[] = {
 
 constexpr int kChartMinimumHeight = 150;
 
+const QString kSaveCsvTip = QStringLiteral("Ulozit hodnoty vsech hracu po kazde akci jako CSV");
+
 }  // namespace
 
 ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
@@ -51,6 +53,7 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
     column->addWidget(chart, 1);
     for (const auto& [shown, caption] : kCaptions) quantity->addItem(QString::fromLatin1(caption), int(shown));
     saveCsv->setEnabled(false);
+    saveCsv->setToolTip(kSaveCsvTip);
     // Room for the plot under the legend on any screen; more where the window has it.
     chart->setMinimumHeight(kChartMinimumHeight);
 
@@ -72,7 +75,7 @@ void ChartsPanel::followOpened() {
     if (isVisible()) showOpened();
     const bool complete = session_.history().series.complete();
     saveCsv->setEnabled(session_.eventCount() >= 1 && complete);
-    saveCsv->setToolTip(complete ? QString()
+    saveCsv->setToolTip(complete ? kSaveCsvTip
                                  : QStringLiteral("Pro takovy replay zapise CSV prikaz trelvin-dump --csv"));
 }
 

@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "panels/action_list_panel.h"
+#include "panels/charts_panel.h"
 #include "panels/description_strip.h"
 #include "panels/field_panel.h"
 #include "panels/map_panel.h"
@@ -13,6 +14,7 @@
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
 #include "playback/clock_face.h"
+#include "playback/course_chart.h"
 #include "playback/position_texts.h"
 #include "playback/timeline.h"
 #include "support/session_fixture.h"
@@ -251,17 +253,21 @@ private slots:
 
     // While another replay opens, anything that redraws before its history is built must not
     // show rows of the replay it replaces from a history that is gone.
-    void theListAndTheTimelineLetGoOfAReplayBeingReplaced() {
+    void theListTheTimelineAndTheChartLetGoOfAReplayBeingReplaced() {
         Session t;
         trelvin::ActionListPanel list(t.session, nullptr);
         trelvin::TimelineStrip strip(t.session, nullptr);
+        trelvin::ChartsPanel charts(t.session, nullptr);
+        charts.show();
         t.open(kCapture);
-        std::vector<std::pair<int, int>> shownWhileOpening;  // the list's rows, the timeline's last event
+        // The list's rows, the timeline's last event, the chart's hover text at the first action.
+        std::vector<std::tuple<int, int, QString>> shownWhileOpening;
         connect(&t.session, &trelvin::ReplaySession::replacing, this, [&] {
-            shownWhileOpening.emplace_back(list.table()->model()->rowCount(), strip.timeline->visibleRange().second);
+            shownWhileOpening.emplace_back(list.table()->model()->rowCount(), strip.timeline->visibleRange().second,
+                                           charts.chart->hoverText(1));
         }, Qt::DirectConnection);
         t.open(kAlfa);
-        QCOMPARE(shownWhileOpening, (std::vector<std::pair<int, int>>{{0, 0}}));
+        QCOMPARE(shownWhileOpening, (std::vector<std::tuple<int, int, QString>>{{0, 0, QString()}}));
         QCOMPARE(list.shownEvents(), Range(1, 7));
     }
 

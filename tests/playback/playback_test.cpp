@@ -161,6 +161,19 @@ private slots:
         }
     }
 
+    void aJumpStaysInsideTheReplay() {
+        trelvin::RecordingReporter quiet;
+        Replay one(1);
+        for (const int target : {-5, 0, 2, 99}) {
+            one.playback.jumpTo(target, quiet);
+            QCOMPARE(one.playback.position(), std::int16_t(1));
+        }
+        Replay none(1);  // after a failed load the count can be 0
+        none.world.eventCount = 0;
+        none.playback.jumpTo(5, quiet);
+        QCOMPARE(none.playback.position(), std::int16_t(1));
+    }
+
     void aPositionPastTheCountLeavesTheForwardGroupAsItWas() {
         Replay r(10);  // after a failed load the count can fall below the position
         r.world.eventCount = 0;
