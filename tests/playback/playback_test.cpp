@@ -240,6 +240,34 @@ private slots:
         QCOMPARE(r.applied, Range(1, 10));
     }
 
+    // The ends are reached with the show running; a tick that falls due while such a step shows
+    // a message box runs right after the step, and only once.
+    void aTickDueDuringAButtonStepRunsOnceRightAfterIt() {
+        Replay r(10, 1);
+        bool waiting = false;
+        struct WaitingReporter : trelvin::Reporter {
+            std::function<void()> shown;
+            void report(const std::string&) override { shown(); }
+        } slow;
+        slow.shown = [&] {
+            if (waiting) QTest::qWait(500);
+        };
+        Playback playback(r.world, slow, [&](std::int16_t i, trelvin::Reporter& rep) {
+            r.applied.push_back(i);
+            if (i == 1) rep.report("failed");
+        });
+        playback.openAtFirstEvent();
+        playback.useTimer(true, 400);
+        r.applied.clear();
+        waiting = true;
+        playback.first();  // event 1's box outlasts one interval
+        QCOMPARE(r.applied, std::vector<int>{1});
+        QCoreApplication::processEvents();
+        QCOMPARE(r.applied, (std::vector<int>{1, 2}));
+        QCoreApplication::processEvents();
+        QCOMPARE(r.applied, (std::vector<int>{1, 2}));
+    }
+
     // A field's name is found whole and in its case; other text anywhere, in any case.
     void theSearchFindsFieldNamesWholeAndOtherTextAnywhere() {
         const struct {

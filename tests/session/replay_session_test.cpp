@@ -84,6 +84,12 @@ private slots:
             QCOMPARE(told.takeFirst(), (QList<QVariant>{n, messages}));
             QVERIFY(jumped.reporter.texts.empty());
         }
+        // A replay of one event has one place to jump to, and the jump is still told.
+        Session one;
+        one.open(BlankWorld(2, 1));
+        QSignalSpy told(&one.session, &ReplaySession::jumped);
+        one.session.jumpTo(1);
+        QCOMPARE(told.size(), 1);
     }
 
     void theWayOfViewingDecidesWhatARedrawWrites() {
