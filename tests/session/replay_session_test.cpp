@@ -90,6 +90,12 @@ private slots:
         QSignalSpy told(&one.session, &ReplaySession::jumped);
         one.session.jumpTo(1);
         QCOMPARE(told.size(), 1);
+        // After a load that read no event there is nowhere to jump.
+        Session empty;
+        empty.open("");
+        QSignalSpy untold(&empty.session, &ReplaySession::jumped);
+        QCOMPARE(empty.session.jumpTo(1), QStringList());
+        QCOMPARE(untold.size(), 0);
     }
 
     void theWayOfViewingDecidesWhatARedrawWrites() {
