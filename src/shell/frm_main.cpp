@@ -176,7 +176,8 @@ void frmMain::buildCharts() {
     chartsDock->setWidget(charts);
     chartsDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable |
                             QDockWidget::DockWidgetFloatable);
-    addDockWidget(Qt::BottomDockWidgetArea, chartsDock);
+    // Under the timeline and as wide as the window, like the timeline.
+    addDockWidget(Qt::BottomDockWidgetArea, chartsDock, Qt::Vertical);
     chartsDock->hide();
     QAction* showCharts = chartsDock->toggleViewAction();
     showCharts->setText(QStringLiteral("&Prubeh hry"));
