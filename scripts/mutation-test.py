@@ -11,7 +11,7 @@ build is not counted. Faults planted:
   loop start    the first value of a for loop plus 1
   statement     an assignment, a step of a rule, or a signal's emission removed
 
-Usage: scripts/mutation-test.py [--max N] [--seed S] [--time-limit SECONDS] [--list] PATH...
+Usage: scripts/mutation-test.py [--max N] [--seed S] [--time-limit SECONDS] [--list] [--lines FILE:LINE,...] PATH...
 PATH is a .cpp file or a folder of them (its .cpp files; headers only when named). Standard
 library only. The copy and its build live in a temporary folder. Files of the window (the Qt
 view, the playback, the session, the panels, the shell) are checked against the window's
@@ -193,6 +193,8 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="seed of the sample (default 1)")
     parser.add_argument("--time-limit", type=float, default=1800, help="seconds in all (default 1800)")
     parser.add_argument("--list", action="store_true", help="only list the sampled mutants")
+    parser.add_argument("--lines", default="", metavar="FILE:LINE,...",
+                        help="only the sites on these lines, such as a run's survivors to try again")
     options = parser.parse_args()
 
     files = source_files(options.paths)
@@ -201,6 +203,9 @@ def main():
         sys.exit("give files of the core or files of the window, not both at once")
     tests, targets = (UI_TESTS, UI_TARGETS) if window else (CORE_TESTS, CORE_TARGETS)
     everything = [m for path in files for m in sites(path)]
+    if options.lines:
+        chosen = {tuple(item.rsplit(":", 1)) for item in options.lines.split(",")}
+        everything = [m for m in everything if (str(m.path), str(m.line)) in chosen]
     sample = random.Random(options.seed).sample(everything, min(options.max, len(everything)))
     sample.sort(key=lambda m: (str(m.path), m.line))
     print(f"{len(everything)} mutation sites; trying {len(sample)} (seed {options.seed})", flush=True)

@@ -161,6 +161,13 @@ private slots:
         }
     }
 
+    void aRefreshThatChangesNothingTellsNothing() {
+        Replay r(10);
+        QSignalSpy told(&r.playback, &Playback::stepsEnabledChanged);
+        r.playback.updateButtons();
+        QCOMPARE(told.size(), 0);
+    }
+
     void aJumpStaysInsideTheReplay() {
         trelvin::RecordingReporter quiet;
         Replay one(1);

@@ -121,6 +121,8 @@ private slots:
         t.session.first();
         QCOMPARE(std::pair(t.session.nearest(trelvin::EventKind::Attacks, true),
                            t.session.nearest(trelvin::EventKind::Attacks, false)), std::pair(6, 0));
+        t.session.jumpTo(6);
+        QCOMPARE(t.session.nearest(trelvin::EventKind::Lifecycle, true), 7);  // the last event, the end
     }
 };
 
