@@ -121,6 +121,13 @@ TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
     EXPECT_EQ(w.tiles[0].owner, "Jana");
 }
 
+TEST_F(Rules, TheFirstPlayersHeadquartersFallsLikeAnyOther) {
+    At(w, "B0") = Tile{"N", "Jana", "Hovado", 5, false};
+    EXPECT_TRUE(Apply(w, Event("attack", "B0", "A0", 5, true, 4)).empty());
+    EXPECT_TRUE(w.actionText.find("Dobyto veleni hrace Karel") != std::string::npos) << w.actionText;
+    EXPECT_EQ(std::tuple(karel().playing, jana().playing), std::tuple(false, true));
+}
+
 TEST(Executor, ReportsMissingEventsAndTakesEachEventsTime) {
     WorldState w = MakeWorld(2, 1, "NN");
     w.events.push_back(Event("end"));  // an end with no event before it names nobody

@@ -78,6 +78,12 @@ TEST(ActionMarksTest, AnActionOutsideTheListOrTheMapIsNotMarked) {
     Apply(w, Event("move", "A0", "B0", 2));
     RevealForView(w, ViewMode::All, 6);
     for (const int position : {0, 2, -1}) EXPECT_TRUE(MarkAction(w, position, ViewMode::All, 6).empty()) << position;
+    // An attack that takes no headquarters is no capture, though a player has left the game.
+    WorldState after = TwoSides();
+    after.players[2].playing = false;
+    Apply(after, Event("attack", "B0", "B1", 2, true, 1));
+    RevealForView(after, ViewMode::All, 6);
+    EXPECT_EQ(MarkAction(after, after.eventCount, ViewMode::All, 6).capturedHeadquarters, 0);
     // A grid that stops short of the map marks only the fields it has.
     EXPECT_EQ(MarkAction(w, 1, ViewMode::All, 1).outlined, std::vector<int>{1});
 }
