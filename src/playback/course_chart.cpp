@@ -45,8 +45,10 @@ QColor withAlpha(QColor color, qreal alpha) {
 
 }  // namespace
 
-CourseChart::CourseChart(QWidget* parent) : QChartView(parent), axisX_(new QValueAxis), axisY_(new QValueAxis) {
-    auto* chart = new QChart;
+// Given its chart from the start: a chart set later would leave the view's first one behind.
+CourseChart::CourseChart(QWidget* parent)
+    : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis) {
+    QChart* chart = this->chart();
     chart->setMargins(QMargins(2, 2, 2, 2));
     chart->setBackgroundRoundness(0);
     chart->legend()->setAlignment(Qt::AlignTop);
@@ -63,7 +65,6 @@ CourseChart::CourseChart(QWidget* parent) : QChartView(parent), axisX_(new QValu
     chart->legend()->setFont(small);
     axisX_->setLabelsFont(small);
     axisY_->setLabelsFont(small);
-    setChart(chart);
     setRenderHint(QPainter::Antialiasing);
     // The hover text follows the pointer with no button held.
     viewport()->setMouseTracking(true);
