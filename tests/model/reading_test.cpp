@@ -93,7 +93,8 @@ TEST(FieldAddressing, IndexNameDistanceAndPlayerLookups) {
 
     EXPECT_EQ(FieldName(w, 10) + FieldName(w, 11) + FieldName(w, 80), "J0A1J7");
     const WorldState wide = MakeWorld(120, 2, "");  // columns past "Z" continue the code page
-    EXPECT_EQ(FieldName(wide, 27) + FieldName(wide, 153) + ColumnCharacter(108), "[0a1\xAD");
+    EXPECT_EQ(FieldName(wide, 27) + FieldName(wide, 153) + ColumnCharacter(108) + ColumnCharacter(190), "[0a1\xAD\xFF");
+    EXPECT_THROW(ColumnCharacter(191), RuleError);  // past the code page
     EXPECT_THROW(FieldName(MakeWorld(0, 3, ""), 1), RuleError);
 
     struct Distance { const char *a, *b; std::int16_t scale; int distance; };
