@@ -72,14 +72,13 @@ std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
         return NumberPrefix{pos, negative ? -whole : whole};
     }
 
-    // from_chars takes no "+" and needs a digit before ".": give it a normalised copy.
-    std::string digits(text.substr(mantissaStart, pos - mantissaStart));
-    if (!digits.empty() && digits.front() == '.') digits.insert(digits.begin(), '0');
+    // from_chars takes no sign of its own: the mantissa starts after it.
+    const std::string_view digits = text.substr(mantissaStart, pos - mantissaStart);
     double value = 0.0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
         // Too large reads as infinite, too small as zero.
-        const bool huge = digits.find_first_of("eE") == std::string::npos ||
+        const bool huge = digits.find_first_of("eE") == std::string_view::npos ||
                           digits[digits.find_first_of("eE") + 1] != '-';
         value = huge ? std::numeric_limits<double>::infinity() : 0.0;
     }

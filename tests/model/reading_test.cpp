@@ -38,7 +38,7 @@ TEST(NumberReading, StrictLeadingAndByteReadingsRoundHalfToEvenWithinTheirWidth)
     struct Case { const char *text, *strict, *leading; };
     const Case cases[] = {
         {"12abc", "mismatch", "12"}, {"2.5", "2", "2"}, {"3.5", "4", "4"}, {"-2.5", "-2", "-2"},
-        {"0.6", "1", "1"}, {".5", "0", "0"}, {"5.", "5", "5"}, {"1.5e1x", "mismatch", "15"}, {"+3", "3", "3"},
+        {"0.6", "1", "1"}, {".5", "0", "0"}, {".7", "1", "1"}, {"5.", "5", "5"}, {"1.5e1x", "mismatch", "15"}, {"+3", "3", "3"},
         {"1e", "mismatch", "1"}, {"1e9", "overflow", "overflow"}, {"32767.4", "32767", "32767"},
         {"32767.5", "overflow", "overflow"}, {"-32768", "-32768", "-32768"}, {"-32769", "overflow", "overflow"},
         {"", "mismatch", "0"}, {".", "mismatch", "0"}, {"abc", "mismatch", "0"}, {"-", "mismatch", "0"},
