@@ -1,7 +1,7 @@
 #pragma once
 // What the viewer learns of a replay by applying all of its events once, in order, to a copy of
-// the world when the replay is opened: the action log for now; everything else that needs the
-// whole game at once is built in the same pass.
+// the world when the replay is opened: the action log, who each event concerns, the keyframes
+// and every player's series, all in this one pass.
 #include "history/action_log.h"
 #include "history/action_players.h"
 #include "history/keyframes.h"
