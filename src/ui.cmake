@@ -15,6 +15,7 @@ add_library(trelvin_ui STATIC
   playback/timeline.cpp
   playback/action_search.cpp
   playback/action_row_delegate.cpp
+  playback/cell_text.cpp
   playback/action_list.cpp
   playback/jump_prompt.cpp
   export/export_options.cpp

@@ -12,6 +12,8 @@
 #include <QSplitter>
 #include <QStyle>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include "bridge/core_text.h"
@@ -30,26 +32,37 @@ QString playerName(const ActionPlayers& players, int player) {
     return FromCore(players.names()[std::size_t(player)]);
 }
 
-// The whole of one event: its number, time and keyword, its description, who it was by and on
-// whose field (when another's), and what it reported.
-QString detailOf(const ActionLog& log, const ActionPlayers* players, int event) {
+// Writes the whole of one event: its number, time and keyword, its description, who it was by and
+// on whose field (when another's), and what it reported. Written by a cursor rather than parsed
+// from markup: the detail changes with every move, and parsing was most of its cost.
+void writeDetail(QTextDocument& document, const ActionLog& log, const ActionPlayers* players, int event) {
     const LoggedEvent& e = log.event(event);
-    QString html = QStringLiteral("<b>Akce %1</b> &middot; %2 &middot; %3")
-                       .arg(event)
-                       .arg(GeneralDateText(e.time).toHtmlEscaped(), FromCore(e.keyword).toHtmlEscaped());
-    html += QStringLiteral("<p>") + multiline(e.description).toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")) +
-            QStringLiteral("</p>");
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    const QString dot = QStringLiteral(" \u00b7 ");
+    cursor.insertText(QStringLiteral("Akce %1").arg(event), bold);
+    cursor.insertText(dot + GeneralDateText(e.time) + dot + FromCore(e.keyword), {});
+    QTextBlockFormat paragraph;
+    paragraph.setTopMargin(4);
+    const auto addParagraph = [&](const QString& text, const QTextCharFormat& format) {
+        cursor.insertBlock(paragraph, format);
+        cursor.insertText(text, format);
+    };
+    addParagraph(multiline(e.description).replace(u'\n', QChar::LineSeparator), {});
     if (players && event <= players->size()) {
         QStringList who;
         const int actor = players->actor(event), reached = players->reached(event);
-        if (actor != ActionPlayers::kNobody) who << QStringLiteral("Hrac: ") + playerName(*players, actor).toHtmlEscaped();
+        if (actor != ActionPlayers::kNobody) who << QStringLiteral("Hrac: ") + playerName(*players, actor);
         if (reached != ActionPlayers::kNobody && reached != actor)
-            who << QStringLiteral("Na poli hrace: ") + playerName(*players, reached).toHtmlEscaped();
-        if (!who.isEmpty()) html += QStringLiteral("<p>") + who.join(QStringLiteral(" &middot; ")) + QStringLiteral("</p>");
+            who << QStringLiteral("Na poli hrace: ") + playerName(*players, reached);
+        if (!who.isEmpty()) addParagraph(who.join(dot), {});
     }
-    for (const std::string& message : e.messages)
-        html += QStringLiteral("<p style=\"color:#b00000\">") + multiline(message).toHtmlEscaped() + QStringLiteral("</p>");
-    return html;
+    QTextCharFormat failure;
+    failure.setForeground(QColor(0xb0, 0x00, 0x00));
+    for (const std::string& message : e.messages) addParagraph(multiline(message), failure);
+    cursor.endEditBlock();
 }
 
 }  // namespace
@@ -264,7 +277,7 @@ ActionList::ActionList(QWidget* parent)
                            table_->fontMetrics().horizontalAdvance(QStringLiteral("end_hld_fire")) + 12);
     detail_->setOpenLinks(false);
     detail_->setPlaceholderText(QStringLiteral("Popis vybrane akce"));
-    detail_->document()->setDefaultStyleSheet(QStringLiteral("p { margin-top: 4px; margin-bottom: 0px; }"));
+    detail_->document()->setUndoRedoEnabled(false);
     // Room for a description of four lines, who played and one message.
     detail_->setMinimumHeight(detail_->fontMetrics().lineSpacing() * 7 + 2 * detail_->frameWidth());
 
@@ -380,7 +393,8 @@ void ActionList::showDetail() {
     const ActionLog* log = model_->log();
     const QModelIndex current = table_->currentIndex();
     const int event = current.isValid() ? model_->events()[std::size_t(current.row())] : position_;
-    detail_->setHtml(log && event >= 1 && event <= log->size() ? detailOf(*log, actionPlayers_, event) : QString());
+    detail_->clear();
+    if (log && event >= 1 && event <= log->size()) writeDetail(*detail_->document(), *log, actionPlayers_, event);
 }
 
 }  // namespace trelvin

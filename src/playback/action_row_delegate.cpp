@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QTextLayout>
+
+#include "playback/cell_text.h"
 
 namespace trelvin {
 
@@ -30,21 +33,18 @@ void ActionRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                                        : (cell.state & QStyle::State_Active) ? QPalette::Normal
                                                                              : QPalette::Inactive;
     painter->setPen(cell.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    painter->setFont(cell.font);
-    // Placed where the style places a single line, to the same fraction of a pixel across.
-    const QFontMetricsF metrics(cell.font);
-    QString shown = cell.text;
-    qreal width = metrics.horizontalAdvance(shown);
-    if (width > text.width()) {
-        shown = metrics.elidedText(shown, cell.textElideMode, text.width());
-        width = metrics.horizontalAdvance(shown);
-    }
+    // Placed where the style places a single line, to the same fraction of a pixel across. The
+    // text is shaped once for both its width and its paint: shaping is most of a row's cost.
+    QTextLayout layout;
+    const QTextLine line = LayOutCellText(layout, cell.text, QFont(cell.font, painter->device()), text.width(),
+                                          cell.textElideMode);
+    const qreal width = line.naturalTextWidth();
     const Qt::Alignment alignment = QStyle::visualAlignment(cell.direction, cell.displayAlignment);
     const qreal x = alignment & Qt::AlignRight     ? text.left() + text.width() - width
                     : alignment & Qt::AlignHCenter ? text.left() + (text.width() - width) / 2
                                                    : text.left();
     const int baseline = text.top() + (text.height() - cell.fontMetrics.height()) / 2 + cell.fontMetrics.ascent();
-    painter->drawText(QPointF(x, baseline), shown);
+    layout.draw(painter, QPointF(x, baseline - line.ascent()));
 
     if (cell.state & QStyle::State_HasFocus) {
         QStyleOptionFocusRect focus;

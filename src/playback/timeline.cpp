@@ -92,7 +92,9 @@ void Timeline::setPosition(int position) {
     const int span = last_ - first_;
     if (position >= 1 && position < first_) setVisibleRange(position, position + span);
     if (position <= eventCount_ && position > last_) setVisibleRange(position - span, position);
-    update();
+    // The scroll bar below is left alone: a style's scroll bar is costly to paint, and a move
+    // within the stretch shown does not change it.
+    update(QRect(0, 0, width(), kBarAreaHeight));
 }
 
 void Timeline::setVisibleRange(int first, int last) {
