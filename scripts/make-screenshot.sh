@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Re-makes docs/screenshot.png: the viewer halfway through the battle sample on a virtual
-# screen, stepped there with the Right key, with a player chosen and a field inspected.
+# screen, stepped there with the Right key, with a player chosen, a field inspected and the
+# charts shown (Ctrl+P).
 # Needs xvfb-run, xdotool and ImageMagick; uses the build directory given (default: build).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -23,9 +24,10 @@ xdotool windowfocus --sync "$window"
 xdotool key --delay 40 --repeat $((events / 2 - 1)) Right
 # Tab leads from the first control to the player list (its first player is chosen with
 # Down), then to the field box.
-xdotool key --delay 40 --repeat 6 Tab
+xdotool key --delay 40 --repeat 7 Tab
 xdotool key --delay 40 Down Tab
 xdotool type --delay 40 E3
+xdotool key ctrl+p
 sleep 1
 import -window "$window" docs/screenshot.png
 echo "docs/screenshot.png: event $((events / 2)) of $events"
