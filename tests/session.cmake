@@ -37,7 +37,6 @@ add_executable(course_series_tests session/course_series_test.cpp ${PROJECT_SOUR
 set_target_properties(course_series_tests PROPERTIES AUTOMOC ON)
 target_include_directories(course_series_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/bench)
 target_link_libraries(course_series_tests PRIVATE trelvin_ui Qt6::Test)
-target_compile_definitions(course_series_tests PRIVATE TRELVIN_SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples")
 add_test(NAME course_series_tests COMMAND course_series_tests)
 set_tests_properties(course_series_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 300)
 

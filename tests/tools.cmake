@@ -17,7 +17,6 @@ endif()
 add_executable(dump_csv_tests tools/dump_csv_test.cpp ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
 target_include_directories(dump_csv_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/bench)
 target_link_libraries(dump_csv_tests PRIVATE trelvin_core GTest::gtest_main nlohmann_json::nlohmann_json)
-target_compile_definitions(dump_csv_tests PRIVATE TRELVIN_SAMPLES_DIR="${PROJECT_SOURCE_DIR}/samples"
-                                                  TRELVIN_DUMP="$<TARGET_FILE:trelvin-dump>")
+target_compile_definitions(dump_csv_tests PRIVATE TRELVIN_DUMP="$<TARGET_FILE:trelvin-dump>")
 add_dependencies(dump_csv_tests trelvin-dump)
 gtest_discover_tests(dump_csv_tests TEST_PREFIX "dump_csv_tests." DISCOVERY_TIMEOUT 30 PROPERTIES TIMEOUT 120)

@@ -112,10 +112,6 @@ private slots:
         QCOMPARE(lineAt(), expected());
         s.t.session.jumpTo(30);
         QCOMPARE(lineAt(), expected());
-        s.t.session.back();
-        QCOMPARE(lineAt(), expected());
-        s.t.session.last();
-        QCOMPARE(lineAt(), expected());
         s.t.session.first();
         s.t.session.play(true, 10);
         QTRY_VERIFY(s.t.session.position() >= 5);

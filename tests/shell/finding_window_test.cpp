@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 
-#include "panels/action_list_panel.h"
 #include "panels/description_strip.h"
 #include "panels/jump_menu.h"
 #include "panels/timeline_strip.h"
@@ -39,8 +38,7 @@ private slots:
             for (int n : {1, 2, 30, 44, 88, 89}) {
                 Window stepped, jumped;
                 for (Window* t : {&stepped, &jumped}) {
-                    t->files.answers.push_back(battle);
-                    t->window->mnuOtevritItem_Click();
+                    t->open(battle);
                     t->window->Frame2->o[mode]->click();
                     t->controls.cmdForw_Click();
                     t->window->f->cmbHraci->setCurrentIndex(1);
@@ -79,10 +77,6 @@ private slots:
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join('|')));
         QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: pri opakovani akci 1 hlaseni, posledni: Chyba pri provadeni tahu"),
                  qPrintable(w.statusBar()->currentMessage()));
-        QCOMPARE(w.actionList->table()->currentIndex().row(), 4);  // the list follows
-        t.controls.cmdForw_Click();
-        t.controls.cmdBack_Click();  // the step back keeps its message box for the failing move
-        QCOMPARE(t.messages.texts.size(), 1);
     }
 
     void theStatusLineTellsTheLastJumpOnlyUntilTheNextMoveOrOpen() {
@@ -90,10 +84,6 @@ private slots:
         t.open("dobyti.trp", kCapture);
         frmMain& w = *t.window;
         const auto status = [&w] { return w.statusBar()->currentMessage(); };
-        w.mnuPrejit->nextFailure->trigger();
-        QVERIFY2(status().startsWith("Akce 5: pri opakovani akci 1 hlaseni"), qPrintable(status()));
-        t.controls.cmdBack_Click();
-        QCOMPARE(status(), QString());
         w.session().jumpTo(6);
         QVERIFY2(status().startsWith("Akce 6: pri opakovani akci 1 hlaseni"), qPrintable(status()));
         t.controls.cmdForw_Click();

@@ -28,14 +28,6 @@ static bool drop(frmMain& w, const QList<QUrl>& urls) {
     return enter.isAccepted();
 }
 
-// Asks the grid for the tooltip at the centre of field k.
-static QString hover(trelvin::MapGrid& grid, int k) {
-    const QPoint at = grid.fieldRectInViewport(k).center();
-    QHelpEvent help(QEvent::ToolTip, at, grid.viewport()->mapToGlobal(at));
-    QApplication::sendEvent(grid.viewport(), &help);
-    return QToolTip::text();
-}
-
 class KeyboardAndDropTest : public QObject {
     Q_OBJECT
 
@@ -127,11 +119,10 @@ private slots:
     void hoverNamesTheField() {
         Window t;
         t.activate();
-        // Column 74 has the code page's character 0x8A, "Š".
+        // Column 74 has the code page's character 0x8A, "Š": the name crosses into Unicode.
         t.open("siroky.trp", BlankWorld(74, 2));
-        QTRY_COMPARE(hover(*t.window->grid, 1), QString("A0"));
-        QTRY_COMPARE(hover(*t.window->grid, 74 + 3), QString("C1"));
-        QTRY_COMPARE(hover(*t.window->grid, 74), QString::fromUtf8("\xc5\xa0" "0"));
+        trelvin::MapGrid& grid = *t.window->grid;
+        QTRY_COMPARE(ToolTipAt(*grid.viewport(), grid.fieldRectInViewport(74).center()), QString::fromUtf8("\xc5\xa0" "0"));
     }
 };
 

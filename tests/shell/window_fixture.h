@@ -47,8 +47,10 @@ struct Window {
           controls(*window->controls) {}
 
     // Writes a replay (bytes as given: Windows-1250) and opens it through the menu command.
-    void open(const std::string& name, const std::string& bytes) {
-        files.answers.push_back(write(name, QByteArray::fromStdString(bytes)));
+    void open(const std::string& name, const std::string& bytes) { open(write(name, QByteArray::fromStdString(bytes))); }
+    // Opens through the menu command, the Open dialog answering `chosen` (nullopt: cancelled).
+    void open(const std::optional<QString>& chosen) {
+        files.answers.push_back(chosen);
         window->mnuOtevritItem_Click();
     }
     QString write(const std::string& name, const QByteArray& bytes) {
@@ -87,6 +89,13 @@ inline QString EnabledButtons(const PlaybackControls& c) {
     for (QPushButton* b : {c.cmdForw, c.cmdEnd, c.cmdSEnd, c.cmdD, c.cmdRD, c.cmdBack, c.cmdBegin, c.cmdSBegin, c.cmdZ, c.cmdRZ})
         result += b->isEnabled() ? '1' : '0';
     return result;
+}
+
+// The tooltip `widget` shows for the point `at`; empty when it shows none.
+inline QString ToolTipAt(QWidget& widget, QPoint at) {
+    QHelpEvent help(QEvent::ToolTip, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &help);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
 }
 
 }  // namespace trelvin::testing

@@ -118,11 +118,8 @@ private:
 };
 
 TEST_F(DumpCsvTest, EveryRowHoldsTheValuesOfItsEventsJsonLine) {
-    EXPECT_GT(CompareCsvWithJson(TRELVIN_SAMPLES_DIR "/bitva-u-potoka.trp"), 100);
-    EXPECT_GT(CompareCsvWithJson(TRELVIN_SAMPLES_DIR "/alfa.trp"), 5);
-
-    // Hostile: failing actions, captures, a player named with a comma and a quote (Windows-1250
-    // letters besides), the world created again in the middle.
+    // A generated replay has every action; made hostile: failing actions, captures, a player named
+    // with a comma and a quote (Windows-1250 letters besides), the world created again in the middle.
     trelvin::testing::GeneratedLines hostile({10, 8, 3, 600, 9});
     hostile.insertEvery(53, {"move;A0;Z99;5", "attack;A0;B0;5;1;3", "create_hq;\"Ha,n\xE8\"\" a\";louka;E5",
                              "buy;A4;Hovado;30000", "end;louka"});
@@ -134,9 +131,7 @@ TEST_F(DumpCsvTest, EveryRowHoldsTheValuesOfItsEventsJsonLine) {
 TEST_F(DumpCsvTest, AFailedLoadPrintsTheHeaderAlone) {
     const std::string header =
         "index,time,player,side,moves,nectar,nectarPerHour,territory,armyUnits,hqField,playing\r\n";
-    for (const std::string& path : {write("broken.trp", "0;Zlomeny;2;x;2;3\r\n"), write("empty.trp", ""),
-                                    std::string("/nonexistent/replay.trp")})
-        EXPECT_EQ(RunDump("--csv '" + path + "'"), std::pair(header, 0)) << path;
+    EXPECT_EQ(RunDump("--csv '" + write("broken.trp", "0;Zlomeny;2;x;2;3\r\n") + "'"), std::pair(header, 0));
 }
 
 }  // namespace
