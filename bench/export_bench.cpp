@@ -15,7 +15,7 @@
 
 #include "export/map_export.h"
 #include "model/replay_loader.h"
-#include "shell/designed_fonts.h"
+#include "render/designed_fonts.h"
 
 extern char** environ;
 

@@ -23,9 +23,9 @@
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
 #include "panels/timeline_strip.h"
-#include "playback/action_list.h"
-#include "playback/course_chart.h"
-#include "playback/timeline.h"
+#include "widgets/action_list.h"
+#include "widgets/course_chart.h"
+#include "widgets/timeline.h"
 #include "shell/frm_main.h"
 #include "view/action_marks.h"
 

@@ -40,7 +40,7 @@ UI_TESTS = r"playback_tests|replay_session_tests|keyframe_equivalence_tests|pane
 UI_TARGETS = ["playback_tests", "replay_session_tests", "keyframe_equivalence_tests", "panels_tests",
               "finding_window_tests", "map_window_tests"]
 UI_FOLDERS = ("src/playback", "src/session", "src/panels", "src/shell", "src/bridge")
-UI_FILES = ("src/view/map_grid.cpp", "src/view/map_painter.cpp")
+UI_FILES = ("src/widgets/map_grid.cpp", "src/render/map_painter.cpp")
 
 
 @dataclass

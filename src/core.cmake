@@ -28,5 +28,6 @@ add_library(trelvin_core STATIC
   history/player_series.cpp
   history/course_lines.cpp
   history/player_csv.cpp
+  display/clock_geometry.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -3,21 +3,21 @@
 add_library(trelvin_ui STATIC
   bridge/core_text.h
   bridge/twips.cpp
-  view/map_painter.cpp
-  view/map_grid.cpp
+  bridge/position_texts.cpp
+  render/designed_fonts.cpp
+  render/map_painter.cpp
+  widgets/map_grid.cpp
+  widgets/clock_face.cpp
+  widgets/player_colors.cpp
+  widgets/course_chart.cpp
+  widgets/timeline.cpp
+  widgets/action_search.cpp
+  widgets/action_row_delegate.cpp
+  widgets/cell_text.cpp
+  widgets/action_list.cpp
+  widgets/jump_prompt.cpp
   playback/playback.cpp
-  playback/clock_geometry.cpp
-  playback/clock_face.cpp
-  playback/position_texts.cpp
   playback/player_texts.cpp
-  playback/player_colors.cpp
-  playback/course_chart.cpp
-  playback/timeline.cpp
-  playback/action_search.cpp
-  playback/action_row_delegate.cpp
-  playback/cell_text.cpp
-  playback/action_list.cpp
-  playback/jump_prompt.cpp
   export/export_options.cpp
   export/caption_strip.cpp
   export/map_frames.cpp
@@ -45,7 +45,6 @@ add_library(trelvin_ui STATIC
   shell/frm_main.cpp
   shell/open_flow.cpp
   shell/window_fit.cpp
-  shell/designed_fonts.cpp
   shell/command_line.cpp
   shell/qt_translations.cpp
   shell/message_service.cpp

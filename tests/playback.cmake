@@ -10,7 +10,7 @@ target_link_libraries(playback_tests PRIVATE trelvin_ui Qt6::Test)
 add_test(NAME playback_tests COMMAND playback_tests)
 set_tests_properties(playback_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 120)
 
-add_executable(cell_text_tests playback/cell_text_test.cpp)
+add_executable(cell_text_tests widgets/cell_text_test.cpp)
 set_target_properties(cell_text_tests PROPERTIES AUTOMOC ON)
 target_link_libraries(cell_text_tests PRIVATE trelvin_ui Qt6::Test)
 add_test(NAME cell_text_tests COMMAND cell_text_tests)

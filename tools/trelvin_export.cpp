@@ -12,7 +12,7 @@
 #include "export/export_command_line.h"
 #include "export/map_export.h"
 #include "model/replay_loader.h"
-#include "shell/designed_fonts.h"
+#include "render/designed_fonts.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include "playback/position_texts.h"
+#include "bridge/position_texts.h"
 
 namespace trelvin {
 

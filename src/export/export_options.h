@@ -7,7 +7,7 @@
 #include <QString>
 
 #include "view/field_pictures.h"
-#include "view/map_painter.h"
+#include "render/map_painter.h"
 
 namespace trelvin {
 

@@ -12,7 +12,7 @@
 #include "model/task_progress.h"
 #include "model/world_state.h"
 #include "view/forward_steps.h"
-#include "view/map_painter.h"
+#include "render/map_painter.h"
 
 namespace trelvin {
 

@@ -1,6 +1,6 @@
 #pragma once
 // The action list of the opened replay: it follows the position, and a row chosen is jumped to.
-#include "playback/action_list.h"
+#include "widgets/action_list.h"
 
 namespace trelvin {
 

@@ -15,7 +15,7 @@
 
 #include "export/whole_file.h"
 #include "history/player_csv.h"
-#include "playback/course_chart.h"
+#include "widgets/course_chart.h"
 #include "session/replay_session.h"
 
 namespace trelvin {

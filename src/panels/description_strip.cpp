@@ -6,8 +6,8 @@
 #include "bridge/twips.h"
 #include "panels/designed_label.h"
 #include "model/checked_math.h"
-#include "playback/clock_face.h"
-#include "playback/position_texts.h"
+#include "widgets/clock_face.h"
+#include "bridge/position_texts.h"
 #include "session/replay_session.h"
 
 namespace trelvin {

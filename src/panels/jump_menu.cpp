@@ -3,7 +3,7 @@
 #include <QAction>
 #include <QKeySequence>
 
-#include "playback/jump_prompt.h"
+#include "widgets/jump_prompt.h"
 #include "session/replay_session.h"
 
 namespace trelvin {

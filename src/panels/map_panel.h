@@ -2,7 +2,7 @@
 // The map of the opened replay: the grid built when a replay is opened and redrawn, in the way
 // of viewing chosen, after every move and every change of that way, with the current action
 // marked over it while that is chosen; and its zoom commands.
-#include "view/map_grid.h"
+#include "widgets/map_grid.h"
 
 class QAction;
 

@@ -11,7 +11,7 @@
 
 #include "bridge/twips.h"
 #include "panels/designed_label.h"
-#include "playback/player_colors.h"
+#include "widgets/player_colors.h"
 #include "playback/player_texts.h"
 #include "session/replay_session.h"
 

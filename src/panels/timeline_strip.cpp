@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "playback/position_texts.h"
-#include "playback/timeline.h"
+#include "bridge/position_texts.h"
+#include "widgets/timeline.h"
 #include "session/replay_session.h"
 
 namespace trelvin {

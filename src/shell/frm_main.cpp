@@ -29,7 +29,7 @@
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
 #include "shell/export_commands.h"
-#include "shell/designed_fonts.h"
+#include "render/designed_fonts.h"
 #include "shell/slow_task_dialog.h"
 #include "shell/window_fit.h"
 

@@ -9,9 +9,9 @@
 #include <QScreen>
 
 #include "bridge/twips.h"
-#include "playback/action_list.h"
+#include "widgets/action_list.h"
 #include "shell/designed_layout.h"
-#include "view/map_grid.h"
+#include "widgets/map_grid.h"
 
 namespace trelvin {
 

@@ -10,8 +10,8 @@
 
 #include "history/player_csv.h"
 #include "panels/charts_panel.h"
-#include "playback/course_chart.h"
-#include "playback/player_colors.h"
+#include "widgets/course_chart.h"
+#include "widgets/player_colors.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;

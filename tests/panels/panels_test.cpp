@@ -13,10 +13,10 @@
 #include "panels/player_panel.h"
 #include "panels/timeline_strip.h"
 #include "panels/view_mode_panel.h"
-#include "playback/clock_face.h"
-#include "playback/course_chart.h"
-#include "playback/position_texts.h"
-#include "playback/timeline.h"
+#include "widgets/clock_face.h"
+#include "widgets/course_chart.h"
+#include "bridge/position_texts.h"
+#include "widgets/timeline.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;

@@ -1,8 +1,8 @@
 #include <QLocale>
 #include <gtest/gtest.h>
 
-#include "playback/clock_geometry.h"
-#include "playback/position_texts.h"
+#include "display/clock_geometry.h"
+#include "bridge/position_texts.h"
 
 namespace trelvin {
 

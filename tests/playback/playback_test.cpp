@@ -2,7 +2,7 @@
 // button states and end flags it leaves, and the slide show's ticks.
 #include <QtTest>
 
-#include "playback/action_search.h"
+#include "widgets/action_search.h"
 #include "playback/playback.h"
 #include "support/replays.h"
 

@@ -7,7 +7,7 @@
 #include "panels/description_strip.h"
 #include "panels/jump_menu.h"
 #include "panels/timeline_strip.h"
-#include "playback/jump_prompt.h"
+#include "widgets/jump_prompt.h"
 #include "shell/window_fixture.h"
 #include "support/session_fixture.h"
 

@@ -2,7 +2,7 @@
 // of the mode shown and nothing when that button is disabled; text fields keep their keys.
 #include "panels/description_strip.h"
 #include "panels/help_menu.h"
-#include "playback/clock_face.h"
+#include "widgets/clock_face.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;

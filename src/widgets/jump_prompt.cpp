@@ -1,4 +1,4 @@
-#include "playback/jump_prompt.h"
+#include "widgets/jump_prompt.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

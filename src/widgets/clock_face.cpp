@@ -1,10 +1,10 @@
-#include "playback/clock_face.h"
+#include "widgets/clock_face.h"
 
 #include <QPainter>
 #include <QPalette>
 
 #include "bridge/twips.h"
-#include "playback/clock_geometry.h"
+#include "display/clock_geometry.h"
 
 namespace trelvin {
 

@@ -1,10 +1,10 @@
-#include "playback/action_row_delegate.h"
+#include "widgets/action_row_delegate.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QTextLayout>
 
-#include "playback/cell_text.h"
+#include "widgets/cell_text.h"
 
 namespace trelvin {
 

@@ -1,4 +1,4 @@
-#include "view/map_grid.h"
+#include "widgets/map_grid.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include "playback/cell_text.h"
+#include "widgets/cell_text.h"
 
 class CellTextTest : public QObject {
     Q_OBJECT

@@ -1,4 +1,4 @@
-#include "playback/action_search.h"
+#include "widgets/action_search.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "playback/clock_geometry.h"
+#include "display/clock_geometry.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "playback/action_list.h"
+#include "widgets/action_list.h"
 
 #include <algorithm>
 
@@ -17,9 +17,9 @@
 #include <QVBoxLayout>
 
 #include "bridge/core_text.h"
-#include "playback/action_search.h"
-#include "playback/action_row_delegate.h"
-#include "playback/position_texts.h"
+#include "widgets/action_search.h"
+#include "widgets/action_row_delegate.h"
+#include "bridge/position_texts.h"
 
 namespace trelvin {
 

@@ -1,4 +1,4 @@
-#include "playback/position_texts.h"
+#include "bridge/position_texts.h"
 
 #include <QDate>
 #include <QTime>

@@ -1,4 +1,4 @@
-#include "playback/course_chart.h"
+#include "widgets/course_chart.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,8 +15,8 @@
 
 #include "bridge/core_text.h"
 #include "history/course_lines.h"
-#include "playback/player_colors.h"
-#include "playback/position_texts.h"
+#include "widgets/player_colors.h"
+#include "bridge/position_texts.h"
 
 namespace trelvin {
 

@@ -1,4 +1,4 @@
-#include "playback/cell_text.h"
+#include "widgets/cell_text.h"
 
 #include <algorithm>
 

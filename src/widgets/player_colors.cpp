@@ -1,4 +1,4 @@
-#include "playback/player_colors.h"
+#include "widgets/player_colors.h"
 
 #include <array>
 

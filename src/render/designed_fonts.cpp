@@ -1,4 +1,4 @@
-#include "shell/designed_fonts.h"
+#include "render/designed_fonts.h"
 
 #include <QFont>
 #include <QStringList>

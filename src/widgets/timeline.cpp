@@ -1,4 +1,4 @@
-#include "playback/timeline.h"
+#include "widgets/timeline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +12,7 @@
 #include <QWheelEvent>
 
 #include "bridge/core_text.h"
-#include "playback/position_texts.h"
+#include "bridge/position_texts.h"
 
 namespace trelvin {
 

@@ -1,4 +1,4 @@
-#include "view/map_painter.h"
+#include "render/map_painter.h"
 
 #include <algorithm>
 #include <cmath>

@@ -14,7 +14,7 @@
 
 #include "bridge/twips.h"
 #include "view/grid_layout.h"
-#include "view/map_painter.h"
+#include "render/map_painter.h"
 
 namespace trelvin {
 
