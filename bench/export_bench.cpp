@@ -67,8 +67,7 @@ void RunExportBenchmarks(const std::string& path, int runs, int argc, char** arg
     Q_INIT_RESOURCE(assets);
     trelvin::RegisterDesignedFonts();
     trelvin::WorldState world;
-    trelvin::RecordingReporter reporter;
-    trelvin::LoadReplay(world, path, reporter);
+    trelvin::LoadReplay(world, path);
 
     // The last action needs every event applied first: the slowest picture there is.
     trelvin::ExportJob job;

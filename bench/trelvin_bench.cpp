@@ -63,8 +63,7 @@ void print(const char* name, double value, const char* unit) {
 double loadMilliseconds(const std::string& path, int runs) {
     return medianMilliseconds(runs, [&] {
         WorldState fresh;
-        RecordingReporter reporter;
-        LoadReplay(fresh, path, reporter);
+        LoadReplay(fresh, path);
     });
 }
 
@@ -73,8 +72,7 @@ double loadMilliseconds(const std::string& path, int runs) {
 // the two UTF-8 loads differ by exactly the pass. The largest file allowed is read whole too.
 void PrintEncodingPass(const std::string& path, int runs) {
     WorldState world;
-    RecordingReporter reporter;
-    LoadReplay(world, path, reporter);
+    LoadReplay(world, path);
     std::ifstream in(path, std::ios::binary);
     const std::string utf8 = cp1250ToUtf8(std::string(std::istreambuf_iterator<char>(in), {}));
     const std::string utf8Path = path + ".utf8", bomPath = path + ".bom";
@@ -129,16 +127,15 @@ int main(int argc, char** argv) {
     }
 
     WorldState world;
-    RecordingReporter reporter;
-    LoadReplay(world, path, reporter);
-    std::printf("replay: %dx%d fields, %d players, %d events, %zu messages\n", world.mapWidth,
-                world.mapHeight, GeneratorOptions{}.players, world.eventCount, reporter.texts.size());
+    const LoadOutcome loaded = LoadReplay(world, path);
+    std::printf("replay: %dx%d fields, %d players, %d events, %s\n", world.mapWidth, world.mapHeight,
+                GeneratorOptions{}.players, world.eventCount, loaded.succeeded() ? "loaded" : loaded.failure.c_str());
 
     std::size_t lineCount = 0;
     const double floorMs = medianMilliseconds(runs, [&] { lineCount = readAndSplit(path); });
     const double loadMs = medianMilliseconds(runs, [&] {
         WorldState fresh;
-        LoadReplay(fresh, path, reporter);
+        LoadReplay(fresh, path);
     });
     print("read_and_split_ms", floorMs, "ms");
     print("load_ms", loadMs, "ms");
@@ -147,8 +144,7 @@ int main(int argc, char** argv) {
     PrintEncodingPass(path, runs);
 
     const double reapplyMs = medianMilliseconds(runs, [&] {
-        for (int i = 1; i <= world.eventCount; ++i)
-            ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
+        for (int i = 1; i <= world.eventCount; ++i) ExecuteEvent(world, static_cast<std::int16_t>(i));
     });
     print("reapply_all_ms", reapplyMs, "ms (target < 16)");
     PrintOpeningPass(world, runs);
@@ -163,5 +159,5 @@ int main(int argc, char** argv) {
     // After the peak above: an export's images are not the viewer's memory.
     RunExportBenchmarks(path, runs, argc, argv);
     std::filesystem::remove(path);
-    return reporter.texts.empty() ? 0 : 1;
+    return loaded.succeeded() ? 0 : 1;
 }

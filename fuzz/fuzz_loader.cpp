@@ -7,7 +7,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     trelvin::WorldState world;
-    trelvin::RecordingReporter reporter;
-    trelvin::LoadReplayFromBytes(world, {reinterpret_cast<const char*>(data), size}, reporter);
+    trelvin::LoadReplayFromBytes(world, {reinterpret_cast<const char*>(data), size});
     return 0;
 }

@@ -50,7 +50,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         t.armyCount = static_cast<std::int16_t>(in.byte() - 64);
     }
     const auto mode = static_cast<ViewMode>(in.byte() % 3);
-    for (int p : RedrawPictures(world, mode, world.fieldCount() + 2))
+    RevealForView(world, mode, world.fieldCount() + 2);
+    for (int p : ChoosePictures(world, mode, world.fieldCount() + 2))
         if (p < 1 || p > picture::kCount) std::abort();
     return 0;
 }

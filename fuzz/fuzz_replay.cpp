@@ -1,24 +1,26 @@
-// Arbitrary bytes loaded as a replay, then every event applied and the map redrawn, as
-// stepping to the end in the viewer does.
+// Arbitrary bytes opened as a replay, then moved through as the viewer does: to the end, back,
+// to the middle, and redrawn in every way of viewing.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
-#include "engine/event_executor.h"
-#include "model/replay_loader.h"
+#include "cursor/replay_cursor.h"
 #include "view/field_pictures.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace trelvin;
-    WorldState world;
-    RecordingReporter reporter;
-    LoadReplayFromBytes(world, {reinterpret_cast<const char*>(data), size}, reporter);
-    for (int i = 1; i <= world.eventCount; ++i) {
-        ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
-        reporter.texts.clear();
-    }
-    for (ViewMode mode : {ViewMode::All, ViewMode::AsLes, ViewMode::AsLouka})
-        for (int p : RedrawPictures(world, mode, world.fieldCount()))
+    ReplayCursor cursor;
+    ReplayText text({reinterpret_cast<const char*>(data), size});
+    cursor.open(text);
+    const int fields = cursor.world().fieldCount();
+    cursor.setMap(ViewMode::All, {fields, fields});
+    cursor.last();
+    cursor.back();
+    cursor.jumpTo(cursor.eventCount() / 2);
+    for (ViewMode mode : {ViewMode::All, ViewMode::AsLes, ViewMode::AsLouka}) {
+        cursor.setViewMode(mode);
+        for (int p : cursor.frame().pictures)
             if (p < 1 || p > picture::kCount) std::abort();
+    }
     return 0;
 }

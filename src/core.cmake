@@ -14,12 +14,13 @@ add_library(trelvin_core STATIC
   engine/rules_combat.cpp
   engine/rules_movement.cpp
   engine/rules_economy.cpp
+  view/view_mode.cpp
   view/visibility.cpp
   view/field_pictures.cpp
-  view/forward_steps.cpp
   view/field_details.cpp
   view/grid_layout.cpp
   view/action_marks.cpp
+  view/map_frame.cpp
   history/action_log.cpp
   history/keyframes.cpp
   history/replay_history.cpp
@@ -28,6 +29,9 @@ add_library(trelvin_core STATIC
   history/player_series.cpp
   history/course_lines.cpp
   history/player_csv.cpp
+  cursor/bare_fields.cpp
+  cursor/step_buttons.cpp
+  cursor/replay_cursor.cpp
   display/clock_geometry.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -26,7 +26,6 @@ add_library(trelvin_ui STATIC
   export/map_export.cpp
   export/export_command_line.cpp
   export/whole_file.cpp
-  session/keyframe_shortcut.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp

@@ -12,8 +12,9 @@ endfunction()
 
 trelvin_core_tests(model_tests model/reading_test.cpp model/replay_loader_test.cpp)
 trelvin_core_tests(engine_tests engine/rules_test.cpp)
-trelvin_core_tests(view_core_tests view/field_view_test.cpp view/forward_steps_test.cpp
-                   view/action_marks_test.cpp)
+trelvin_core_tests(view_core_tests view/field_view_test.cpp view/action_marks_test.cpp)
 trelvin_core_tests(history_tests history/replay_history_test.cpp history/player_series_test.cpp
                    ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
 target_include_directories(history_tests PRIVATE ${PROJECT_SOURCE_DIR}/bench)
+trelvin_core_tests(cursor_tests cursor/replay_cursor_test.cpp ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
+target_include_directories(cursor_tests PRIVATE ${PROJECT_SOURCE_DIR}/bench)

@@ -21,16 +21,6 @@ target_compile_definitions(export_tests PRIVATE TRELVIN_SAMPLES_DIR="${PROJECT_S
 add_test(NAME export_tests COMMAND export_tests)
 set_tests_properties(export_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 300)
 
-# Keyframes against the rebuild from the first event, on replays of the benchmark's generator.
-add_executable(keyframe_equivalence_tests session/keyframe_equivalence_test.cpp
-               ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
-set_target_properties(keyframe_equivalence_tests PROPERTIES AUTOMOC ON)
-target_include_directories(keyframe_equivalence_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}
-                           ${PROJECT_SOURCE_DIR}/bench)
-target_link_libraries(keyframe_equivalence_tests PRIVATE trelvin_ui Qt6::Test)
-add_test(NAME keyframe_equivalence_tests COMMAND keyframe_equivalence_tests)
-set_tests_properties(keyframe_equivalence_tests PROPERTIES ENVIRONMENT QT_QPA_PLATFORM=offscreen TIMEOUT 300)
-
 # The series recorded at opening against the player panel, on the battle sample and on generated
 # replays, valid and hostile.
 add_executable(course_series_tests session/course_series_test.cpp ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)

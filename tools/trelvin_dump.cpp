@@ -10,14 +10,12 @@
 
 #include <nlohmann/json.hpp>
 
-#include "engine/event_executor.h"
+#include "cursor/replay_cursor.h"
 #include "history/army_tally.h"
 #include "history/player_csv.h"
-#include "model/game_words.h"
-#include "model/replay_loader.h"
+#include "model/replay_source.h"
 #include "model/text_encoding.h"
 #include "model/version_text.h"
-#include "view/field_pictures.h"
 
 namespace {
 
@@ -31,13 +29,6 @@ struct Options {
     std::string path;
 };
 
-std::optional<ViewMode> parseView(const std::string& name) {
-    if (name == "all") return ViewMode::All;
-    if (name == side::kLes) return ViewMode::AsLes;
-    if (name == side::kLouka) return ViewMode::AsLouka;
-    return std::nullopt;
-}
-
 std::optional<Options> parseArguments(int argc, char** argv) {
     Options options;
     for (int i = 1; i < argc; ++i) {
@@ -47,10 +38,10 @@ std::optional<Options> parseArguments(int argc, char** argv) {
         } else if (argument == "--tiles") {
             options.tiles = true;
         } else if (argument == "--view" && i + 1 < argc) {
-            options.view = parseView(argv[++i]);
+            options.view = ViewModeNamed(argv[++i]);
             if (!options.view) return std::nullopt;
         } else if (argument.starts_with("--view=")) {
-            options.view = parseView(argument.substr(7));
+            options.view = ViewModeNamed(argument.substr(7));
             if (!options.view) return std::nullopt;
         } else if (argument.starts_with("-") || !options.path.empty()) {
             return std::nullopt;
@@ -65,9 +56,9 @@ std::optional<Options> parseArguments(int argc, char** argv) {
 
 std::string utf8(const std::string& cp1250) { return cp1250ToUtf8(cp1250); }
 
-json messagesOf(const RecordingReporter& reporter) {
+json messagesOf(const std::vector<EventReport>& reports) {
     json messages = json::array();
-    for (const std::string& text : reporter.texts) messages.push_back(utf8(text));
+    for (const EventReport& report : reports) messages.push_back(utf8(report.text));
     return messages;
 }
 
@@ -88,17 +79,6 @@ json playersOf(const WorldState& world, const ArmyTally& tally) {
     return players;
 }
 
-// One row per player after event `index`, with the values of that event's JSON line.
-std::string csvRowsOf(const WorldState& world, int index, const ArmyTally& tally) {
-    std::string rows;
-    for (int i = 1; i <= world.lastPlayerIndex(); ++i) {
-        const Player& player = world.players[i];
-        AppendPlayerCsvRow(rows, index, world.events[index].time, {player.name, player.side, player.hqField},
-                           StandingOf(player, tally.unitsOf(i)));
-    }
-    return rows;
-}
-
 json tilesOf(const WorldState& world) {
     json tiles = json::array();
     const int count = std::min(world.fieldCount(), world.lastTileIndex());
@@ -112,54 +92,58 @@ json tilesOf(const WorldState& world) {
     return tiles;
 }
 
-// The load, then each event as soon as it is applied. As CSV the load tells only through standard
-// error, and a failed load leaves no event to apply: the header alone.
-void dump(const Options& options) {
-    WorldState world;
-    RecordingReporter loadReporter;
-    LoadReplay(world, options.path, loadReporter);
-    if (options.csv) {
-        for (const std::string& text : loadReporter.texts) std::cerr << "trelvin-dump: " << utf8(text) << '\n';
+// Every player's standing after every event, from the pass made at opening: the very rows the
+// window saves. A failed load leaves no event to write: the header alone.
+int dumpCsv(const ReplayCursor& cursor, const LoadOutcome& load) {
+    if (!load.succeeded()) std::cerr << "trelvin-dump: " << utf8(load.failure) << '\n';
+    if (!cursor.history().series.complete()) {
         std::cout << kPlayerCsvHeader;
-    } else {
-        std::cout << json{{"load",
-                           {{"worldName", utf8(world.worldName)},
-                            {"playerLimit", world.playerLimit},
-                            {"mapWidth", world.mapWidth},
-                            {"mapHeight", world.mapHeight},
-                            {"speed", world.speed},
-                            {"eventCount", world.eventCount},
-                            {"eventsRead", world.lastEventIndex()},
-                            {"loaded", world.loaded},
-                            {"messages", messagesOf(loadReporter)}}}}
-                         .dump()
-                  << '\n';
+        std::cerr << "trelvin-dump: " << kSeriesGivenUp << '\n';
+        return 1;
     }
+    WritePlayerCsv(cursor.history(), cursor.eventCount(), [](std::string_view rows) { std::cout << rows; });
+    return 0;
+}
 
+// The load, then each event as soon as it is applied, with the map's redraw after every step
+// when a way of viewing is asked for.
+int dump(const Options& options) {
+    ReplayCursor cursor;
+    ReplayFile file(options.path);
+    const OpenResult opened = cursor.open(file);
+    if (options.csv) return dumpCsv(cursor, opened.load);
+    const WorldState& world = cursor.world();
+    json loadMessages = json::array();
+    if (!opened.load.succeeded()) loadMessages.push_back(utf8(opened.load.failure));
+    std::cout << json{{"load",
+                       {{"worldName", utf8(world.worldName)},
+                        {"playerLimit", world.playerLimit},
+                        {"mapWidth", world.mapWidth},
+                        {"mapHeight", world.mapHeight},
+                        {"speed", world.speed},
+                        {"eventCount", world.eventCount},
+                        {"eventsRead", world.lastEventIndex()},
+                        {"loaded", world.loaded},
+                        {"messages", loadMessages}}}}
+                     .dump()
+              << '\n';
+    if (options.view) cursor.setMap(*options.view, {world.fieldCount(), world.fieldCount()});
     ArmyTally tally;
+    MoveResult step = opened.first;
     for (int i = 1; i <= world.eventCount; ++i) {
-        RecordingReporter reporter;
-        ExecuteEvent(world, static_cast<std::int16_t>(i), reporter);
-        tally.update(world, i);
-        if (options.csv) {
-            // Only applied events have rows: an index beyond the list has no time.
-            if (i <= world.lastEventIndex()) std::cout << csvRowsOf(world, i, tally);
-            continue;
-        }
+        if (i > 1) step = cursor.forward();
+        tally.update(world, cursor.lastOutcome());
         json line{{"index", i}};
-        if (i <= world.lastEventIndex()) {
-            line["time"] = world.events[i].time.iso();
-            line["action"] = utf8(world.events[i].action);
-        }
+        line["time"] = world.events[i].time.iso();
+        line["action"] = utf8(world.events[i].keyword);
         line["actionText"] = utf8(world.actionText);
-        line["messages"] = messagesOf(reporter);
+        line["messages"] = messagesOf(step.reports);
         line["players"] = playersOf(world, tally);
-        std::optional<std::vector<int>> pictures;
-        if (options.view && i > 1) pictures = RedrawPictures(world, *options.view, world.fieldCount());
         if (options.tiles) line["tiles"] = tilesOf(world);
-        if (pictures) line["pictures"] = *pictures;
+        if (options.view && i > 1) line["pictures"] = cursor.frame().pictures;
         std::cout << line.dump() << '\n';
     }
+    return 0;
 }
 
 constexpr const char* kUsage = "usage: trelvin-dump [--tiles] [--view all|les|louka] FILE\n"
@@ -198,10 +182,9 @@ int main(int argc, char** argv) {
     // The loader and the executor report their own failures; anything else still ends with
     // a message rather than an abort.
     try {
-        dump(*options);
+        return dump(*options);
     } catch (const std::exception& error) {
         std::cerr << "trelvin-dump: " << error.what() << '\n';
         return 1;
     }
-    return 0;
 }

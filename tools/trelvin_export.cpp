@@ -32,9 +32,8 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& messa
 
 int exportReplay(const ExportArguments& arguments) {
     WorldState world;
-    RecordingReporter loading;
-    LoadReplay(world, arguments.replay, loading);
-    if (!loading.texts.empty()) return failure(FromCore(loading.texts.front()));
+    const LoadOutcome loaded = LoadReplay(world, arguments.replay);
+    if (!loaded.succeeded()) return failure(FromCore(loaded.failure));
     const ExportJob job{QFile::decodeName(QByteArray::fromStdString(arguments.output)), arguments.first,
                         arguments.last.value_or(arguments.first), arguments.delayMilliseconds,
                         arguments.picture, QGuiApplication::palette()};

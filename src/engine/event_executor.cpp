@@ -36,22 +36,25 @@ static_assert(InActionOrder(kRules));
 
 }  // namespace
 
-void ExecuteEvent(WorldState& world, std::int16_t index, Reporter& reporter) {
+EventOutcome ExecuteEvent(WorldState& world, std::int16_t index) {
+    EventOutcome outcome;
     if (index < 1 || index > world.lastEventIndex()) {
-        reporter.report(std::string(kExecuteErrorPrefix) + "Index mimo rozsah: udalost " +
-                        std::to_string(index) + " neexistuje");
-        return;
+        outcome.messages.push_back(std::string(kExecuteErrorPrefix) + "Index mimo rozsah: udalost " +
+                                   std::to_string(index) + " neexistuje");
+        return outcome;
     }
-    RuleContext ctx(world, index, reporter);
+    RuleContext ctx(world, index, outcome);
     try {
         world.currentTime = world.events[index].time;
-        kRules[static_cast<std::size_t>(ActionOf(world.events[index].action))].apply(ctx);
+        kRules[static_cast<std::size_t>(world.events[index].action)].apply(ctx);
     } catch (const EventStopped&) {
     } catch (const std::bad_alloc&) {
-        reporter.report(std::string(kExecuteErrorPrefix) + "Nedostatek pameti");
+        outcome.messages.push_back(std::string(kExecuteErrorPrefix) + "Nedostatek pameti");
     } catch (const std::exception& error) {
-        reporter.report(std::string(kExecuteErrorPrefix) + error.what());
+        outcome.messages.push_back(std::string(kExecuteErrorPrefix) + error.what());
     }
+    ctx.finish();
+    return outcome;
 }
 
 }  // namespace trelvin

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/event_outcome.h"
 #include "model/checked_math.h"
-#include "model/reporter.h"
 #include "model/world_state.h"
 
 namespace trelvin {
@@ -22,12 +22,14 @@ struct EventStopped {};
 
 class RuleContext {
 public:
-    RuleContext(WorldState& world, int eventIndex, Reporter& reporter)
-        : world(world), eventIndex_(eventIndex), reporter_(reporter) {}
+    RuleContext(WorldState& world, int eventIndex, EventOutcome& outcome)
+        : world(world), eventIndex_(eventIndex), outcome_(outcome) {}
 
     WorldState& world;
 
     const ReplayEvent& event() const { return world.events[eventIndex_]; }
+    int eventIndex() const { return eventIndex_; }
+    EventOutcome& outcome() { return outcome_; }
     void setMode(ErrorMode mode) { mode_ = mode; }
 
     // Runs one step. Every step computes first and assigns last, so a failure inside it
@@ -41,18 +43,25 @@ public:
         }
     }
 
-    // The field a name addresses (entry 0 for a blank name); throws when it addresses none.
-    Tile& tile(std::string_view fieldName);
-    Tile& tileAt(int index);
+    // The field a name addresses (entry 0 for a blank name), to read; throws when it addresses
+    // none.
+    const Tile& field(std::string_view fieldName) const;
+    // The same field to write, or field `index`: noted in the outcome as changed.
+    Tile& changeField(std::string_view fieldName);
+    Tile& changeFieldAt(int index);
     // The player of that name, or the placeholder entry 0 when nobody has it.
     Player& player(std::string_view name);
-    Player& ownerOf(std::string_view fieldName) { return player(tile(fieldName).owner); }
+    Player& ownerOf(std::string_view fieldName) { return player(field(fieldName).owner); }
+
+    // Puts the outcome's fields in order once the event is over.
+    void finish();
 
 private:
+    int indexOf(std::string_view fieldName) const;
     void fail(const RuleError& error);
 
     int eventIndex_;
-    Reporter& reporter_;
+    EventOutcome& outcome_;
     ErrorMode mode_ = ErrorMode::Stop;
 };
 

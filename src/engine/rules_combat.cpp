@@ -8,29 +8,29 @@ namespace trelvin {
 
 namespace {
 
-// Frees every field of a player whose headquarters has fallen.
-void captureHeadquarters(RuleContext& ctx, Player& fallen) {
+// Frees every field of player `fallenIndex`, whose headquarters has fallen.
+void captureHeadquarters(RuleContext& ctx, int fallenIndex) {
     WorldState& w = ctx.world;
+    Player& fallen = w.players[fallenIndex];
+    ctx.outcome().captures.push_back({fallenIndex, fallen.name});
     ctx.step([&] { w.actionText += std::string(kLineBreak) + "Dobyto veleni hrace " + fallen.name; });
     ctx.step([&] { fallen.playing = false; });
     for (int j = 1; j <= w.lastTileIndex(); ++j) {
-        Tile& field = w.tiles[j];
-        if (field.owner != fallen.name) continue;
-        ctx.step([&] { field.owner.clear(); });
-        ctx.step([&] { field.armyCount = 0; });
+        if (w.tiles[j].owner != fallen.name) continue;
+        ctx.step([&] { ctx.changeFieldAt(j).owner.clear(); });
+        ctx.step([&] { ctx.changeFieldAt(j).armyCount = 0; });
     }
 }
 
 void applyFailedAttack(RuleContext& ctx) {
     const ReplayEvent& e = ctx.event();
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        from.armyCount = checked16(from.armyCount - std::int64_t{e.amount});
+        const std::int16_t left = checked16(ctx.field(e.place).armyCount - std::int64_t{e.amount});
+        ctx.changeField(e.place).armyCount = left;
     });
-    ctx.step([&] { ctx.tile(e.target).armyCount = e.survivors; });
+    ctx.step([&] { ctx.changeField(e.target).armyCount = e.survivors; });
     ctx.step([&] {
-        Tile& to = ctx.tile(e.target);
-        if (to.armyCount == 0) to.armyType.clear();
+        if (ctx.field(e.target).armyCount == 0) ctx.changeField(e.target).armyType.clear();
     });
 }
 
@@ -44,10 +44,10 @@ void applySuccessfulAttack(RuleContext& ctx) {
     ctx.step([&] {
         Player& attacker = ctx.ownerOf(e.place);
         attacker.nectarPerHour = checked16(attacker.nectarPerHour +
-                                           std::int64_t{TerrainYield(ctx.tile(e.target).terrain)});
+                                           std::int64_t{TerrainYield(ctx.field(e.target).terrain)});
     });
     ctx.step([&] {
-        const Tile& to = ctx.tile(e.target);
+        const Tile& to = ctx.field(e.target);
         if (to.owner.empty()) return;
         Player& defender = ctx.player(to.owner);
         const std::uint8_t territory = checkedU8(defender.territory - 1);
@@ -56,19 +56,18 @@ void applySuccessfulAttack(RuleContext& ctx) {
         defender.territory = territory;
         defender.nectarPerHour = income;
     });
-    ctx.step([&] { ctx.tile(e.target).owner = ctx.tile(e.place).owner; });
-    ctx.step([&] { ctx.tile(e.target).armyType = ctx.tile(e.place).armyType; });
-    ctx.step([&] { ctx.tile(e.target).armyCount = e.survivors; });
+    ctx.step([&] { ctx.changeField(e.target).owner = ctx.field(e.place).owner; });
+    ctx.step([&] { ctx.changeField(e.target).armyType = ctx.field(e.place).armyType; });
+    ctx.step([&] { ctx.changeField(e.target).armyCount = e.survivors; });
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        from.armyCount = checked16(from.armyCount - std::int64_t{e.amount});
+        const std::int16_t left = checked16(ctx.field(e.place).armyCount - std::int64_t{e.amount});
+        ctx.changeField(e.place).armyCount = left;
     });
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        if (from.armyCount == 0) from.armyType.clear();
+        if (ctx.field(e.place).armyCount == 0) ctx.changeField(e.place).armyType.clear();
     });
     for (int i = 1; i <= w.lastPlayerIndex(); ++i)
-        if (w.players[i].hqField == e.target) captureHeadquarters(ctx, w.players[i]);
+        if (w.players[i].hqField == e.target) captureHeadquarters(ctx, i);
 }
 
 }  // namespace
@@ -77,10 +76,10 @@ void ApplyAttack(RuleContext& ctx) {
     WorldState& w = ctx.world;
     const ReplayEvent& e = ctx.event();
     ctx.step([&] {
-        w.actionText = "Utok z " + e.place + " (" + ctx.tile(e.place).owner + ") na " + e.target;
+        w.actionText = "Utok z " + e.place + " (" + ctx.field(e.place).owner + ") na " + e.target;
     });
     ctx.step([&] {
-        const std::string& owner = ctx.tile(e.target).owner;
+        const std::string& owner = ctx.field(e.target).owner;
         w.actionText += owner.empty() ? std::string(" (volne uzemi)") : " (" + owner + ")";
     });
     ctx.step([&] { w.actionText += " s " + num(e.amount) + " jednotkami." + std::string(kLineBreak); });
@@ -94,7 +93,7 @@ void ApplyAttack(RuleContext& ctx) {
 
     // Rock is cheaper to attack; an attack elsewhere that the attacker cannot afford is a
     // forged record, reported but carried on.
-    const bool onRock = ctx.tile(e.target).terrain == terrain::kRock;
+    const bool onRock = ctx.field(e.target).terrain == terrain::kRock;
     const std::int16_t factor = onRock ? kRockAttackCostFactor : kAttackCostFactor;
     if (!onRock) ctx.setMode(ErrorMode::Forgery);
     const std::int16_t cost = FieldDistance(e.place, e.target, factor);

@@ -18,10 +18,10 @@ void ApplyBuy(RuleContext& ctx) {
                        ". Cena " + num(price) + "ml nektaru.";
     });
     ctx.step([&] {
-        Tile& field = ctx.tile(e.place);
-        field.armyCount = checked16(field.armyCount + std::int64_t{e.amount});
+        const std::int16_t units = checked16(ctx.field(e.place).armyCount + std::int64_t{e.amount});
+        ctx.changeField(e.place).armyCount = units;
     });
-    ctx.step([&] { ctx.tile(e.place).armyType = e.armyType; });
+    ctx.step([&] { ctx.changeField(e.place).armyType = e.armyType; });
     ctx.step([&] {
         Player& owner = ctx.ownerOf(e.place);
         owner.moves = checked16(owner.moves - std::int64_t{1});
@@ -34,10 +34,10 @@ void ApplyConvertGround(RuleContext& ctx) {
     const ReplayEvent& e = ctx.event();
     const std::int16_t newYield = TerrainYield(e.newTerrain());
     ctx.step([&] { w.actionText = "Pretvoreni zeme na " + e.place + " na " + e.newTerrain(); });
-    Tile* field = nullptr;
+    const Tile* field = nullptr;
     Player* owner = nullptr;
     ctx.step([&] {
-        field = &ctx.tile(e.place);
+        field = &ctx.field(e.place);
         owner = &ctx.player(field->owner);
     });
     ctx.step([&] {
@@ -49,7 +49,7 @@ void ApplyConvertGround(RuleContext& ctx) {
     ctx.step([&] {
         owner->nectar = checked32(owner->nectar - std::int64_t{checked16(newYield * kConversionCostHours)});
     });
-    ctx.step([&] { field->terrain = e.newTerrain(); });
+    ctx.step([&] { ctx.changeField(e.place).terrain = e.newTerrain(); });
     ctx.step([&] {
         w.actionText += std::string(kLineBreak) + "Akce stala 1 tah a " +
                         num(checked16(newYield * kConversionCostHours)) + "ml nektaru.";

@@ -18,10 +18,10 @@ void ApplyCreateWorld(RuleContext& ctx) {
     const std::string terrains = e.terrains();
     for (std::size_t i = 1; i <= terrains.size(); ++i) {
         const int k = static_cast<int>(i);
-        ctx.step([&] { ctx.tileAt(k).terrain = std::string(1, terrains[i - 1]); });
-        ctx.step([&] { ctx.tileAt(k).armyCount = 0; });
-        ctx.step([&] { ctx.tileAt(k).owner.clear(); });
-        ctx.step([&] { ctx.tileAt(k).armyType.clear(); });
+        ctx.step([&] { ctx.changeFieldAt(k).terrain = std::string(1, terrains[i - 1]); });
+        ctx.step([&] { ctx.changeFieldAt(k).armyCount = 0; });
+        ctx.step([&] { ctx.changeFieldAt(k).owner.clear(); });
+        ctx.step([&] { ctx.changeFieldAt(k).armyType.clear(); });
     }
     ctx.step([&] { w.players.assign(1, Player{}); });
 }
@@ -36,7 +36,7 @@ void ApplyCreateHq(RuleContext& ctx) {
     ctx.step([&] { p.hqField = e.place; });
     ctx.step([&] { p.playing = true; });
     ctx.step([&] { w.actionText = "vytvoreni veleni hrace " + e.playerName + "(" + p.side + ")"; });
-    ctx.step([&] { ctx.tile(p.hqField).owner = e.playerName; });
+    ctx.step([&] { ctx.changeField(p.hqField).owner = e.playerName; });
 }
 
 void ApplyStart(RuleContext& ctx) {
@@ -47,7 +47,7 @@ void ApplyStart(RuleContext& ctx) {
         ctx.step([&] { p.nectar = kStartingNectar; });
         ctx.step([&] { p.moves = kStartingMoves; });
         ctx.step([&] { p.territory = kStartingTerritory; });
-        ctx.step([&] { p.nectarPerHour = TerrainYield(ctx.tile(p.hqField).terrain); });
+        ctx.step([&] { p.nectarPerHour = TerrainYield(ctx.field(p.hqField).terrain); });
     }
 }
 
@@ -79,11 +79,12 @@ void ApplyEnd(RuleContext& ctx) {
     ctx.step([&] {
         const int last = w.lastEventIndex();
         if (last < 1) throw RuleError(RuleError::Kind::OutOfRange, "Index mimo rozsah");
-        const Tile& decisive = ctx.tile(w.events[last - 1].place);
-        w.events[last].winningSide() = ctx.player(decisive.owner).side;
+        const std::string& side = ctx.player(ctx.field(w.events[last - 1].place).owner).side;
+        w.storedWinner = side;
+        ctx.outcome().winner = side;
     });
     ctx.step([&] {
-        w.actionText = "konec sveta - vitezem se stal typ " + ctx.event().winningSide();
+        w.actionText = "konec sveta - vitezem se stal typ " + WinningSideOf(w, ctx.eventIndex());
     });
 }
 

@@ -12,17 +12,16 @@ void ApplyMove(RuleContext& ctx) {
         w.actionText = "Pohyb " + num(e.amount) + " jednotek z " + e.place + " na " + e.target;
     });
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        from.armyCount = checked16(from.armyCount - std::int64_t{e.amount});
+        const std::int16_t left = checked16(ctx.field(e.place).armyCount - std::int64_t{e.amount});
+        ctx.changeField(e.place).armyCount = left;
     });
     ctx.step([&] {
-        Tile& to = ctx.tile(e.target);
-        to.armyCount = checked16(to.armyCount + std::int64_t{e.amount});
+        const std::int16_t arrived = checked16(ctx.field(e.target).armyCount + std::int64_t{e.amount});
+        ctx.changeField(e.target).armyCount = arrived;
     });
-    ctx.step([&] { ctx.tile(e.target).armyType = ctx.tile(e.place).armyType; });
+    ctx.step([&] { ctx.changeField(e.target).armyType = ctx.field(e.place).armyType; });
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        if (from.armyCount == 0) from.armyType.clear();
+        if (ctx.field(e.place).armyCount == 0) ctx.changeField(e.place).armyType.clear();
     });
     const std::int16_t cost = FieldDistance(e.place, e.target, kMoveCostFactor);
     ctx.step([&] {
@@ -37,7 +36,7 @@ void ApplyRetreat(RuleContext& ctx) {
     const ReplayEvent& e = ctx.event();
     // Half the price, rounded toward zero.
     const auto refund = [&] {
-        return std::int64_t{e.amount} * UnitPrice(ctx.tile(e.place).armyType) / 2;
+        return std::int64_t{e.amount} * UnitPrice(ctx.field(e.place).armyType) / 2;
     };
     ctx.step([&] {
         w.actionText = "Prodej " + num(e.amount) + " jednotek z " + e.place + ". Ziskals za ne " +
@@ -49,8 +48,8 @@ void ApplyRetreat(RuleContext& ctx) {
         owner.nectar = checked32(owner.nectar + refund());
     });
     ctx.step([&] {
-        Tile& from = ctx.tile(e.place);
-        from.armyCount = checked16(from.armyCount - std::int64_t{e.amount});
+        const std::int16_t left = checked16(ctx.field(e.place).armyCount - std::int64_t{e.amount});
+        ctx.changeField(e.place).armyCount = left;
     });
 }
 

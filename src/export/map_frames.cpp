@@ -32,11 +32,9 @@ QSize FrameSize(int columns, int rows, const PictureOptions& options) {
 }
 
 MapFrames::MapFrames(const WorldState& replay, const PictureOptions& options, const QPalette& palette)
-    : world_(replay),
-      options_(options),
-      palette_(palette),
-      scene_(sceneOf(world_)),
-      steps_(world_, options.view, static_cast<int>(scene_.pictures.size())) {
+    : options_(options), palette_(palette), scene_(sceneOf(replay)), cursor_(replay) {
+    const int fields = static_cast<int>(scene_.pictures.size());
+    cursor_.setMap(options.view, {fields, fields});
     painter_.setFieldPixels(options.fieldPixels);
     painter_.setSharpLetters(true);
     mapRect_ = QRect(QPoint(), painter_.sceneSize(scene_, options.labels));
@@ -46,24 +44,14 @@ MapFrames::MapFrames(const WorldState& replay, const PictureOptions& options, co
 }
 
 bool MapFrames::start(int action, TaskProgress* progress, int total) {
-    steps_.first();
-    while (steps_.position() < action) {
-        if (progress && !progress->keepGoing(std::uint64_t(steps_.position()), std::uint64_t(total))) return false;
-        steps_.forward();
-    }
-    redraw();
+    if (!cursor_.walkTo(action, progress, total)) return false;
+    scene_.show(cursor_.frame(), options_.highlight);
     QPainter painter(&image_);
     painter_.paintScene(painter, scene_, options_.labels, palette_, mapRect_);
     painter.end();
     paintCaption();
     changed_ = image_.rect();
     return true;
-}
-
-void MapFrames::redraw() {
-    scene_.pictures = steps_.redraw();
-    if (options_.highlight)
-        scene_.marks = MarkAction(world_, steps_.position(), options_.view, static_cast<int>(scene_.pictures.size()));
 }
 
 void MapFrames::next() {
@@ -73,8 +61,8 @@ void MapFrames::next() {
     const QPoint gridCorner(mapRect_.width() - columns * size, mapRect_.width() - columns * size);
     // The last action's marks are painted over, the next one's painted.
     changed_ = painter_.marksRect(scene_, gridCorner);
-    steps_.forward();
-    redraw();
+    cursor_.forward();
+    scene_.show(cursor_.frame(), options_.highlight);
     changed_ |= painter_.marksRect(scene_, gridCorner);
     // The block of fields whose picture changed.
     int top = scene_.rows(), bottom = -1, left = columns, right = -1;
@@ -100,7 +88,7 @@ void MapFrames::next() {
 void MapFrames::paintCaption() {
     if (!options_.caption) return;
     QPainter painter(&image_);
-    PaintCaptionStrip(painter, stripRect_, CaptionLines(world_, steps_.position()), palette_);
+    PaintCaptionStrip(painter, stripRect_, CaptionLines(cursor_.world(), cursor_.position()), palette_);
 }
 
 std::vector<QRgb> MapFrames::colours() {

@@ -8,10 +8,10 @@
 #include <QPalette>
 #include <QRect>
 
+#include "cursor/replay_cursor.h"
 #include "export/export_options.h"
 #include "model/task_progress.h"
 #include "model/world_state.h"
-#include "view/forward_steps.h"
 #include "render/map_painter.h"
 
 namespace trelvin {
@@ -31,7 +31,7 @@ public:
     // The next action's frame: what changed is painted again.
     void next();
 
-    int action() const { return steps_.position(); }
+    int action() const { return cursor_.position(); }
     const QImage& image() const { return image_; }
     // The part the last start() or next() painted; empty when nothing changed.
     QRect changed() const { return changed_; }
@@ -40,14 +40,11 @@ public:
 
 private:
     void paintCaption();
-    // The redraw of the action reached: every field's picture, and the marks when asked for.
-    void redraw();
 
-    WorldState world_;
     PictureOptions options_;
     QPalette palette_;
     MapScene scene_;
-    ForwardSteps steps_;
+    ReplayCursor cursor_;
     MapPainter painter_;
     QImage image_;
     QRect mapRect_;

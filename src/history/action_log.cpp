@@ -6,29 +6,21 @@ namespace trelvin {
 
 namespace {
 
-int playersInGame(const WorldState& world) {
-    return static_cast<int>(std::count_if(world.players.begin() + 1, world.players.end(),
-                                          [](const Player& p) { return p.playing; }));
-}
-
 std::string firstLine(const std::string& text) { return text.substr(0, text.find("\r\n")); }
 
 }  // namespace
 
-void ActionLog::record(const WorldState& world, int index, std::vector<std::string> messages) {
+void ActionLog::record(const WorldState& world, int index, const EventOutcome& outcome) {
     const ReplayEvent& applied = world.events[static_cast<std::size_t>(index)];
     LoggedEvent& entry = events_.emplace_back();
     entry.time = applied.time;
-    entry.keyword = applied.action;
-    entry.action = ActionOf(applied.action);
+    entry.keyword = applied.keyword;
+    entry.action = applied.action;
     entry.summary = firstLine(world.actionText);
     entry.description = world.actionText;
     entry.subjects = applied.place + " " + applied.target + " " + applied.playerName;
-    entry.messages = std::move(messages);
-    // Event 1 creates the world and empties the players; a later one can only remove them.
-    const int inGame = playersInGame(world);
-    entry.headquartersTaken = index > 1 && inGame < playersInGame_;
-    playersInGame_ = inGame;
+    entry.messages = outcome.messages;
+    entry.headquartersTaken = outcome.tookHeadquarters();
     entry.startsAnHour = index == 1 || applied.time.fullHour() !=
                                            world.events[static_cast<std::size_t>(index - 1)].time.fullHour();
 }

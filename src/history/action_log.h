@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/event_outcome.h"
 #include "model/action_table.h"
 #include "model/date_time.h"
 #include "model/world_state.h"
@@ -19,7 +20,7 @@ struct LoggedEvent {
     std::string description;  // the whole description, its lines joined by CR LF
     std::string subjects;  // the fields and players it names, blank-separated
     std::vector<std::string> messages;  // what applying it reported, in order
-    bool headquartersTaken = false;     // a player left the game with it
+    bool headquartersTaken = false;     // it took a headquarters
     bool startsAnHour = false;          // the first event of a new full hour
 };
 
@@ -28,8 +29,8 @@ enum class EventKind { All, Attacks, HeadquartersCaptures, Economy, Moves, Lifec
 
 class ActionLog {
 public:
-    // Notes event `index`, just applied to `world` in order from the first, and what it reported.
-    void record(const WorldState& world, int index, std::vector<std::string> messages);
+    // Notes event `index`, just applied to `world` in order from the first, and what it did.
+    void record(const WorldState& world, int index, const EventOutcome& outcome);
 
     int size() const { return static_cast<int>(events_.size()); }
     // Event `index` (from 1).
@@ -42,7 +43,6 @@ public:
 
 private:
     std::vector<LoggedEvent> events_;
-    int playersInGame_ = 0;  // after the event recorded last
 };
 
 }  // namespace trelvin

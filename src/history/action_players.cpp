@@ -1,6 +1,5 @@
 #include "history/action_players.h"
 
-#include "model/action_table.h"
 #include "model/checked_math.h"
 #include "model/field_addressing.h"
 
@@ -26,7 +25,7 @@ void ActionPlayers::record(const WorldState& world, int index) {
     Involved& involved = events_.emplace_back();
     if (index < 1 || index > world.lastEventIndex()) return;
     const ReplayEvent& event = world.events[static_cast<std::size_t>(index)];
-    switch (ActionOf(event.action)) {
+    switch (event.action) {
         case Action::Attack:
         case Action::Move:
             involved = {ownerOf(world, event.place), ownerOf(world, event.target)};

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "model/action_table.h"
 #include "model/checked_math.h"
-#include "model/field_addressing.h"
 
 namespace trelvin {
 
@@ -12,42 +10,17 @@ namespace {
 
 int countedFields(const WorldState& world) { return std::max(0, std::min(world.fieldCount(), world.lastTileIndex())); }
 
-// The counted field a name addresses; 0 for any other name, through which no field changed.
-int countedField(const WorldState& world, const std::string& name) {
-    try {
-        const int k = FieldIndex(world, name);
-        return k >= 1 && k <= countedFields(world) ? k : 0;
-    } catch (const RuleError&) {
-        return 0;
-    }
-}
-
-// A successful attack on a player's headquarters frees every field of that player's name.
-bool freedFieldsAnywhere(const WorldState& world, const ReplayEvent& event) {
-    if (ActionOf(event.action) != Action::Attack || !event.success) return false;
-    for (int i = 1; i <= world.lastPlayerIndex(); ++i)
-        if (world.players[static_cast<std::size_t>(i)].hqField == event.target) return true;
-    return false;
-}
-
 }  // namespace
 
-void ArmyTally::update(const WorldState& world, int index) {
-    const bool known = index >= 1 && index <= world.lastEventIndex();
-    const ReplayEvent* event = known ? &world.events[static_cast<std::size_t>(index)] : nullptr;
-    // The world's creation rewrites the fields and empties the players; a table that shrank can
-    // only have been emptied.
-    const bool rebuilt = event && ActionOf(event->action) == Action::CreateWorld;
+void ArmyTally::update(const WorldState& world, const EventOutcome& outcome) {
+    // A table that shrank can only have been emptied, by the world's creation.
     const bool shrank = world.lastPlayerIndex() + 1 < static_cast<int>(unitsByPlayer_.size());
-    if (!counted_ || rebuilt || shrank || (event && freedFieldsAnywhere(world, *event))) {
+    if (!counted_ || shrank) {
         countAll(world);
         return;
     }
     indexNewPlayers(world);
-    // Every other rule changes fields only through the two its event names.
-    if (!event) return;
-    recount(world, countedField(world, event->place));
-    recount(world, countedField(world, event->target));
+    for (const int field : outcome.changedFields) recount(world, field);
 }
 
 std::int32_t ArmyTally::unitsOf(int playerIndex) const {

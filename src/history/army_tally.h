@@ -8,15 +8,16 @@
 #include <unordered_map>
 #include <vector>
 
+#include "engine/event_outcome.h"
 #include "model/world_state.h"
 
 namespace trelvin {
 
 class ArmyTally {
 public:
-    // Brings the tally to `world`, in which event `index` has just been applied after the events
-    // before it. The first call counts every field.
-    void update(const WorldState& world, int index);
+    // Brings the tally to `world`, in which an event has just been applied after the events
+    // before it, with `outcome`. The first call counts every field.
+    void update(const WorldState& world, const EventOutcome& outcome);
 
     // The units on the fields of player `playerIndex` (from 1) in the world given last.
     std::int32_t unitsOf(int playerIndex) const;

@@ -13,9 +13,9 @@ namespace trelvin {
 //   world's entry 0 with the one the pass began with: while they are equal, every event on the
 //   way finds what it found in the pass and does and reports the same.
 // - the fields' `visible` flags, which no rule reads or writes: a restore keeps them.
-// - the winner the end rule writes into the last event of the list, which only applying that
-//   last event reads. Whether the rule can write it depends on the list and the map's size
-//   alone, so either every end event writes it or none does: after an end event the rebuild
+// - the winner the end rule stores for the last event of the list, which only applying that
+//   last event reads. Whether the rule can store it depends on the list and the map's size
+//   alone, so either every end event stores it or none does: after an end event the rebuild
 //   leaves there what the pass did, and before any it leaves what the world holds.
 Keyframes::Keyframes(const WorldState& world)
     : placeholderField_(world.tiles.front()), tileCount_(world.lastTileIndex()) {}
@@ -44,7 +44,7 @@ void Keyframes::record(const WorldState& world, int index, const LoggedEvent& en
     frame.players = world.players;
     frame.currentTime = world.currentTime;
     frame.actionText = world.actionText;
-    if (endApplied_) frame.winner = world.events.back().winningSide();
+    if (endApplied_) frame.winner = world.storedWinner;
 }
 
 const Keyframe* Keyframes::nearest(const WorldState& world, int target) const {
@@ -68,7 +68,7 @@ void Keyframes::Restore(const Keyframe& frame, WorldState& world) {
     world.players = frame.players;
     world.currentTime = frame.currentTime;
     world.actionText = frame.actionText;
-    if (frame.winner) world.events.back().winningSide() = *frame.winner;
+    if (frame.winner) world.storedWinner = frame.winner;
 }
 
 }  // namespace trelvin

@@ -20,7 +20,7 @@ struct Keyframe {
     std::vector<Player> players;
     DateTime currentTime;
     std::string actionText;
-    // What the end rule had written into the last event of the list, once an end was applied.
+    // The winner the end rule had stored for the last event, once an end was applied.
     std::optional<std::string> winner;
 };
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "model/action_table.h"
 
 namespace trelvin {
 
@@ -21,13 +20,13 @@ Standing StandingOf(const Player& player, std::int32_t armyUnits) {
     return {player.nectar, armyUnits, player.moves, player.nectarPerHour, player.territory, player.playing};
 }
 
-void PlayerSeries::record(const WorldState& world, int index) {
+void PlayerSeries::record(const WorldState& world, int index, const EventOutcome& outcome) {
     if (!complete_) return;
-    tally_.update(world, index);
+    tally_.update(world, outcome);
     const int players = world.lastPlayerIndex();
     if (players > kMaxPlaces) return giveUp();
     const Action action = index >= 1 && index <= world.lastEventIndex()
-                              ? ActionOf(world.events[static_cast<std::size_t>(index)].action)
+                              ? world.events[static_cast<std::size_t>(index)].action
                               : Action::Other;
     // Only the world's creation and a new headquarters write who a player is.
     const bool tableChanged = players != playersBefore_ || action == Action::CreateWorld || action == Action::CreateHq;

@@ -16,6 +16,9 @@
 
 namespace trelvin {
 
+// Why a replay has no series: beyond the limits below.
+inline constexpr const char* kSeriesGivenUp = "replay ma prilis mnoho hracu nebo zmen";
+
 enum class Quantity { Territory, Nectar, NectarPerHour, Moves, ArmyUnits };
 inline constexpr std::array kQuantities{Quantity::Territory, Quantity::Nectar, Quantity::NectarPerHour,
                                         Quantity::Moves, Quantity::ArmyUnits};
@@ -62,8 +65,9 @@ public:
     static constexpr int kMaxPlaces = 1024;
     static constexpr std::size_t kMaxChanges = std::size_t{1} << 20;
 
-    // Notes every player after event `index`, just applied to `world` after the events before it.
-    void record(const WorldState& world, int index);
+    // Notes every player after event `index`, just applied to `world` after the events before
+    // it with `outcome`.
+    void record(const WorldState& world, int index, const EventOutcome& outcome);
 
     bool complete() const { return complete_; }
     int eventCount() const { return static_cast<int>(tableSizes_.size()); }

@@ -10,11 +10,10 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
     history.keyframes = Keyframes(scratch);
     for (int index = 1; index <= scratch.lastEventIndex(); ++index) {
         history.players.record(scratch, index);
-        RecordingReporter reporter;
-        ExecuteEvent(scratch, static_cast<std::int16_t>(index), reporter);
-        history.log.record(scratch, index, std::move(reporter.texts));
+        const EventOutcome outcome = ExecuteEvent(scratch, static_cast<std::int16_t>(index));
+        history.log.record(scratch, index, outcome);
         history.keyframes.record(scratch, index, history.log.event(index));
-        history.series.record(scratch, index);
+        history.series.record(scratch, index, outcome);
     }
     return history;
 }

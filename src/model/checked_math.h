@@ -3,23 +3,10 @@
 // header values and territory unsigned 8-bit. A result outside its width is a failure,
 // never a wrap-around; numbers from text and floats round half to even.
 #include <cstdint>
-#include <stdexcept>
-#include <string>
+
+#include "model/rule_error.h"
 
 namespace trelvin {
-
-// A failure of one step of a rule, of a conversion or of a lookup. The text is the
-// Czech description shown after the fixed prefix of a message box.
-class RuleError : public std::runtime_error {
-public:
-    enum class Kind { Overflow, TypeMismatch, OutOfRange, DivisionByZero };
-    RuleError(Kind kind, const std::string& description)
-        : std::runtime_error(description), kind_(kind) {}
-    Kind kind() const { return kind_; }
-
-private:
-    Kind kind_;
-};
 
 [[noreturn]] void throwOverflow();
 

@@ -228,6 +228,7 @@ public:
 
     void load(ReplaySource& source, TaskProgress* progress) {
         world_.events.assign(1, ReplayEvent{});
+        world_.storedWinner.reset();  // it stood for the last event of the list replaced
         world_.players.assign(1, Player{});
         try {
             source.open();
@@ -264,9 +265,10 @@ public:
         world_.loaded = true;
     }
 
-    std::string describe(const std::string& description) const {
-        if (lineNumber_ == 0) return description;
-        return "radek " + std::to_string(lineNumber_) + ": " + description;
+    // What a failure says, with the line it stopped at.
+    LoadOutcome failed(const std::string& description) const {
+        const std::string where = lineNumber_ == 0 ? "" : "radek " + std::to_string(lineNumber_) + ": ";
+        return {std::string(kLoadErrorPrefix) + where + description, lineNumber_};
     }
 
 private:
@@ -328,7 +330,7 @@ private:
                 implied.startDue = false;
                 implied.startInserted = true;
                 implied.started = true;
-                if (ActionOf(keyword(fields)) != Action::Start) {
+                if (keyword(fields) != KeywordOf(Action::Start)) {
                     const DateTime time = lastEvent().time;
                     appendImplied(Action::Start, time);
                     implied.holdEndTime = time.plusDays(1);
@@ -364,7 +366,7 @@ private:
         if (world_.lastEventIndex() >= kMaxEvents) throwTooManyEvents();
         ReplayEvent& event = world_.events.emplace_back();
         event.time = time;
-        event.action.assign(KeywordOf(action));
+        event.setAction(action);
         lastAction_ = action;
         return event;
     }
@@ -392,10 +394,10 @@ private:
     static Action fillEvent(ReplayEvent& event, const std::vector<std::string_view>& fields,
                             const DateTime& lineTime) {
         event.time = lineTime;
-        event.action.assign(keyword(fields));
-        const ActionInfo& info = InfoOf(ActionOf(event.action));
+        event.setKeyword(keyword(fields));
+        const ActionInfo& info = InfoOf(event.action);
         if (fields.size() < info.fieldCount())
-            throw LoadFailure{"akce '" + event.action + "' potrebuje " + std::to_string(info.fieldCount()) +
+            throw LoadFailure{"akce '" + event.keyword + "' potrebuje " + std::to_string(info.fieldCount()) +
                               " poli, radek jich ma " + std::to_string(fields.size())};
         for (std::size_t i = 0; i < info.operandCount; ++i) fillOperand(event, info.operands[i], fields[2 + i]);
         return info.action;
@@ -430,32 +432,28 @@ private:
 
 }  // namespace
 
-void LoadReplay(WorldState& world, ReplaySource& source, Reporter& reporter, TaskProgress* progress) {
+LoadOutcome LoadReplay(WorldState& world, ReplaySource& source, TaskProgress* progress) {
     ReplayLoader loader(world);
-    std::string description;
     try {
         loader.load(source, progress);
-        return;
+        return {};
     } catch (const LoadFailure& failure) {
-        description = loader.describe(failure.description);
-    } catch (const RuleError& error) {
-        description = loader.describe(error.what());
+        return loader.failed(failure.description);
     } catch (const std::bad_alloc&) {
-        description = loader.describe("nedostatek pameti");
+        return loader.failed("nedostatek pameti");
     } catch (const std::exception& error) {
-        description = loader.describe(error.what());
+        return loader.failed(error.what());
     }
-    reporter.report(std::string(kLoadErrorPrefix) + description);
 }
 
-void LoadReplay(WorldState& world, const std::string& path, Reporter& reporter, TaskProgress* progress) {
+LoadOutcome LoadReplay(WorldState& world, const std::string& path, TaskProgress* progress) {
     ReplayFile file(path);
-    LoadReplay(world, file, reporter, progress);
+    return LoadReplay(world, file, progress);
 }
 
-void LoadReplayFromBytes(WorldState& world, std::string_view bytes, Reporter& reporter) {
+LoadOutcome LoadReplayFromBytes(WorldState& world, std::string_view bytes) {
     ReplayText text(bytes);
-    LoadReplay(world, text, reporter);
+    return LoadReplay(world, text);
 }
 
 }  // namespace trelvin

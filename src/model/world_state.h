@@ -3,9 +3,12 @@
 // Every table is used from index 1; entry 0 always exists, is never shown, and absorbs
 // updates made through a lookup that found nothing.
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "model/action_table.h"
 #include "model/date_time.h"
 
 namespace trelvin {
@@ -15,7 +18,8 @@ namespace trelvin {
 // name it.
 struct ReplayEvent {
     DateTime time;
-    std::string action;
+    std::string keyword;  // as the file wrote it
+    Action action = Action::Other;  // what the keyword names, read once with it
     std::string place;
     std::string target;
     std::int16_t amount = 0;
@@ -33,9 +37,19 @@ struct ReplayEvent {
     // trade: the players who send and who receive the nectar.
     const std::string& sender() const { return place; }
     const std::string& receiver() const { return target; }
-    // end: the winning side.
+    // end: the winning side the file names.
     const std::string& winningSide() const { return playerName; }
-    std::string& winningSide() { return playerName; }
+
+    // The keyword of a line, and the action it names.
+    void setKeyword(std::string_view text) {
+        keyword.assign(text);
+        action = ActionOf(text);
+    }
+    // The keyword of an action the file implies.
+    void setAction(Action implied) {
+        action = implied;
+        keyword.assign(KeywordOf(implied));
+    }
     // add_rounds: the hours whose gains it adds.
     std::int16_t hours() const { return amount; }
 };
@@ -74,6 +88,10 @@ struct WorldState {
     bool loaded = false;
     DateTime currentTime;
     std::string actionText;
+    // The winning side an end rule stored for the last event of the list, which stands in for
+    // that event's own; empty until one is stored. Part of the world, not of the file: the list
+    // stays as the file gave it.
+    std::optional<std::string> storedWinner;
 
     // Number of fields the map has: mapWidth x mapHeight.
     int fieldCount() const { return int{mapWidth} * int{mapHeight}; }
@@ -82,5 +100,12 @@ struct WorldState {
     int lastTileIndex() const { return static_cast<int>(tiles.size()) - 1; }
     int lastPlayerIndex() const { return static_cast<int>(players.size()) - 1; }
 };
+
+// The winning side of event `index`, an end: the one stored for the last event when it is
+// that one, the file's otherwise.
+inline const std::string& WinningSideOf(const WorldState& world, int index) {
+    if (index == world.lastEventIndex() && world.storedWinner) return *world.storedWinner;
+    return world.events[static_cast<std::size_t>(index)].winningSide();
+}
 
 }  // namespace trelvin

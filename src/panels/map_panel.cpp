@@ -7,7 +7,7 @@
 
 namespace trelvin {
 
-MapPanel::MapPanel(ReplaySession& session, QWidget* parent)
+MapPanel::MapPanel(const ReplaySession& session, QWidget* parent)
     : MapGrid(parent),
       zoomInAction(new QAction(QStringLiteral("Pri&blizit mapu"), this)),
       zoomOutAction(new QAction(QStringLiteral("&Oddalit mapu"), this)),
@@ -26,7 +26,7 @@ MapPanel::MapPanel(ReplaySession& session, QWidget* parent)
     highlightAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
     highlightAction->setCheckable(true);
     highlightAction->setChecked(true);
-    connect(highlightAction, &QAction::toggled, this, &MapPanel::showMarks);
+    connect(highlightAction, &QAction::toggled, this, &MapPanel::Zobraz);
     connect(&session, &ReplaySession::positionChanged, this, &MapPanel::Zobraz);
     connect(&session, &ReplaySession::viewModeChanged, this, &MapPanel::Zobraz);
 }
@@ -36,17 +36,6 @@ void MapPanel::build(double windowWidth) {
     MapGrid::build(world.mapHeight, world.mapWidth, windowWidth);
 }
 
-void MapPanel::Zobraz() {
-    session_.revealForView(fieldCount());
-    setPictures(ChoosePictures(session_.world(), session_.viewMode(), fieldCount()));
-    showMarks();
-}
-
-void MapPanel::showMarks() {
-    // The marks read the visible flags the redraw wrote; before the first redraw there are none.
-    setMarks(highlightAction->isChecked() ? MarkAction(session_.world(), session_.position(), session_.viewMode(),
-                                                       static_cast<int>(scene().pictures.size()))
-                                          : ActionMarks{});
-}
+void MapPanel::Zobraz() { setFrame(session_.frame(), highlightAction->isChecked()); }
 
 }  // namespace trelvin

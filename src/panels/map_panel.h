@@ -14,7 +14,7 @@ class MapPanel : public MapGrid {
     Q_OBJECT
 
 public:
-    MapPanel(ReplaySession& session, QWidget* parent);
+    MapPanel(const ReplaySession& session, QWidget* parent);
 
     // Builds the grid for the opened replay's map with the window's outer width in twips;
     // throws at the grid's limits, keeping the elements loaded until then.
@@ -28,13 +28,12 @@ public:
     QAction* const highlightAction;
 
 public slots:
-    // The redraw: what it writes into the world, then every field's picture and the marks.
+    // The redraw: every field's picture and the marks of the map's frame, as the session's last
+    // move or change of the way of viewing drew it.
     void Zobraz();
 
 private:
-    void showMarks();
-
-    ReplaySession& session_;
+    const ReplaySession& session_;
 };
 
 }  // namespace trelvin

@@ -1,14 +1,33 @@
 #include "playback/playback.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <QTimer>
 
 namespace trelvin {
 
-Playback::Playback(const WorldState& world, Reporter& reporter, ApplyByIndex apply, QObject* parent)
-    : QObject(parent), world_(world), reporter_(reporter), apply_(std::move(apply)), tSlide(new QTimer(this)) {
+// What a move tells on its way: the buttons follow the position when it is set, each report is a
+// message box at once, and a long rebuild shows its progress.
+class Playback::Watcher : public MoveWatcher {
+public:
+    Watcher(Playback& playback, bool quiet)
+        : playback_(playback), quiet_(quiet), progress_(playback.makeProgress_ ? playback.makeProgress_() : nullptr) {}
+    void positionSet(int) override { playback_.updateButtons(); }
+    void reported(const EventReport& report) override {
+        if (!quiet_) playback_.reporter_.report(report.text);
+    }
+    bool keepGoing(int done, int total) override {
+        return !progress_ || progress_->keepGoing(std::uint64_t(done), std::uint64_t(total));
+    }
+
+private:
+    Playback& playback_;
+    bool quiet_;
+    std::unique_ptr<TaskProgress> progress_;
+};
+
+Playback::Playback(ReplayCursor& cursor, Reporter& reporter, QObject* parent)
+    : QObject(parent), cursor_(cursor), reporter_(reporter), tSlide(new QTimer(this)) {
     connect(tSlide, &QTimer::timeout, this, &Playback::onTimeout);
 }
 
@@ -16,115 +35,47 @@ bool Playback::isPlaying() const { return tSlide->isActive(); }
 
 int Playback::interval() const { return tSlide->interval(); }
 
-void Playback::moved() { emit positionChanged(position_, world_.eventCount); }
-
-void Playback::openAtFirstEvent() {
+template <typename Move>
+void Playback::move(Move&& cursorMove, bool quiet) {
     StepGuard guard(*this);
-    position_ = 1;
-    apply_(position_, reporter_);
+    Watcher watcher(*this, quiet);
+    lastMove_ = cursorMove(&watcher);
+    emit positionChanged(cursor_.position(), cursor_.eventCount());
 }
 
 void Playback::first() {
-    StepGuard guard(*this);
-    position_ = 1;
-    updateButtons();
-    apply_(position_, reporter_);
-    moved();
-}
-
-bool Playback::rebuild(std::int16_t last, bool trackPosition, Reporter& reporter) {
-    const std::unique_ptr<TaskProgress> progress = makeProgress_ ? makeProgress_() : nullptr;
-    const int shortcut = shortcut_ ? shortcut_->shortcutTo(last) : 0;
-    if (shortcut > 0) {
-        // The events passed over take no time but their message boxes.
-        for (const int index : shortcut_->reportingEvents()) {
-            if (index > shortcut) break;
-            if (trackPosition) position_ = static_cast<std::int16_t>(index);
-            shortcut_->reportAgain(index, reporter);
-            if (progress && !progress->keepGoing(index, last)) {
-                position_ = static_cast<std::int16_t>(index);
-                reachQuietly(index);
-                return false;
-            }
-        }
-        shortcut_->restore(shortcut);
-    }
-    for (int index = shortcut + 1; index <= last; ++index) {
-        if (trackPosition) position_ = static_cast<std::int16_t>(index);
-        apply_(static_cast<std::int16_t>(index), reporter);
-        if (progress && !progress->keepGoing(index, last)) {
-            position_ = static_cast<std::int16_t>(index);
-            return false;
-        }
-    }
-    return true;
-}
-
-void Playback::reachQuietly(int event) {
-    RecordingReporter given;
-    const int shortcut = shortcut_->shortcutTo(event);
-    if (shortcut > 0) shortcut_->restore(shortcut);
-    for (int index = shortcut + 1; index <= event; ++index) apply_(static_cast<std::int16_t>(index), given);
+    move([this](MoveWatcher* w) { return cursor_.first(w); });
 }
 
 void Playback::back() {
-    StepGuard guard(*this);
-    if (position_ > 0) --position_;
-    rebuild(position_, false, reporter_);
-    updateButtons();
-    moved();
+    move([this](MoveWatcher* w) { return cursor_.back(w); });
 }
 
 void Playback::forward() {
-    StepGuard guard(*this);
-    if (position_ < world_.eventCount) ++position_;
-    updateButtons();
-    apply_(position_, reporter_);
-    moved();
+    move([this](MoveWatcher* w) { return cursor_.forward(w); });
 }
 
 void Playback::last() {
-    StepGuard guard(*this);
-    // The bound is read once: the count stays what it was when the rebuild began.
-    const std::int16_t count = world_.eventCount;
-    if (rebuild(count, true, reporter_)) position_ = count;
-    updateButtons();
-    moved();
+    move([this](MoveWatcher* w) { return cursor_.last(w); });
 }
 
-void Playback::jumpTo(int target, Reporter& quiet) {
-    StepGuard guard(*this);
-    position_ = static_cast<std::int16_t>(std::clamp<int>(target, 1, std::max<int>(world_.eventCount, 1)));
-    rebuild(position_, false, quiet);
-    updateButtons();
-    moved();
+MoveResult Playback::jumpTo(int target) {
+    move([this, target](MoveWatcher* w) { return cursor_.jumpTo(target, w); }, true);
+    return lastMove_;
 }
 
 void Playback::setEnabled(bool& state, bool enabled) {
     if (state == enabled) return;
     state = enabled;
-    emit stepsEnabledChanged(backwardEnabled_, forwardEnabled_, stopEnabled_);
+    emit stepsEnabledChanged(buttons_.backwardEnabled, buttons_.forwardEnabled, stopEnabled_);
 }
 
-// Four separate tests: a position past the count (after a failed load) leaves the forward
-// group as it was.
 void Playback::updateButtons() {
-    if (position_ == world_.eventCount) {
-        setEnabled(forwardEnabled_, false);
-        atEnd_ = true;
-    }
-    if (position_ > 1) {
-        setEnabled(backwardEnabled_, true);
-        atBegin_ = false;
-    }
-    if (position_ < world_.eventCount) {
-        setEnabled(forwardEnabled_, true);
-        atEnd_ = false;
-    }
-    if (position_ < 2) {
-        setEnabled(backwardEnabled_, false);
-        atBegin_ = true;
-    }
+    StepButtons now = buttons_;
+    now.follow(cursor_.position(), cursor_.eventCount());
+    const bool changed = now.forwardEnabled != buttons_.forwardEnabled || now.backwardEnabled != buttons_.backwardEnabled;
+    buttons_ = now;
+    if (changed) emit stepsEnabledChanged(buttons_.backwardEnabled, buttons_.forwardEnabled, stopEnabled_);
 }
 
 void Playback::setTimerRunning(bool running) {
@@ -149,12 +100,12 @@ void Playback::tSlide_Timer() {
     StepGuard guard(*this);
     updateButtons();
     if (slideForward_) {
-        if (atEnd_)
+        if (buttons_.atEnd)
             stop();
         else
             forward();
     } else {
-        if (atBegin_)
+        if (buttons_.atBegin)
             stop();
         else
             back();

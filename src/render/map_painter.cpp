@@ -223,4 +223,11 @@ MapScene MapScene::FromLayout(const GridLayout& layout) {
     return scene;
 }
 
+void MapScene::show(const MapFrame& frame, bool withMarks) {
+    const std::size_t fields = pictures.size();
+    pictures = frame.pictures;
+    pictures.resize(fields, picture::kFreeLand);
+    marks = withMarks ? frame.marks : ActionMarks{};
+}
+
 }  // namespace trelvin

@@ -14,6 +14,7 @@
 
 #include "view/action_marks.h"
 #include "view/grid_layout.h"
+#include "view/map_frame.h"
 
 class QImage;
 class QPainter;
@@ -38,6 +39,9 @@ struct MapScene {
     // The scene of a newly built layout: free land everywhere, the captions of a complete grid.
     // A field whose place a failure left unset is not shown.
     static MapScene FromLayout(const GridLayout& layout);
+    // Shows a frame of the map: its pictures on the scene's fields (free land where it has
+    // none), and its marks when they are asked for.
+    void show(const MapFrame& frame, bool withMarks);
 };
 
 class MapPainter {

@@ -1,8 +1,8 @@
 #pragma once
-// One opened replay and everything the window shows of it: the world, the file's name, the
-// history of its events from the pass made at opening, the position and the slide show, and
-// the way of viewing. The session owns them; every view gets a const world and follows the
-// session's signals, which carry the values that changed.
+// One opened replay and everything the window shows of it: the replay cursor (the world, the
+// history of its events from the pass made at opening, the position and the map's frame), the
+// file's name, and the playback with its slide show. The session owns them; every view gets them
+// const and follows the session's signals, which carry the values that changed.
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -11,18 +11,19 @@
 #include <QString>
 #include <QStringList>
 
+#include "cursor/replay_cursor.h"
 #include "history/replay_history.h"
 #include "model/replay_source.h"
 #include "model/reporter.h"
 #include "model/task_progress.h"
 #include "model/world_state.h"
-#include "session/keyframe_shortcut.h"
-#include "view/field_pictures.h"
+#include "view/map_frame.h"
+#include "view/view_mode.h"
 
 namespace trelvin {
 
-// Applies one event of the list: the executor in the program, a recording one in tests.
-using ApplyEvent = std::function<void(WorldState&, std::int16_t, Reporter&)>;
+class Playback;
+
 // Where the bytes of the replay at a chosen path come from: the file in the program.
 using ReplayOpener = std::function<std::unique_ptr<ReplaySource>(const QString& path)>;
 // Shows the progress of a task that turns out to be long, under the given label.
@@ -30,7 +31,6 @@ using ProgressShower = std::function<std::unique_ptr<TaskProgress>(const QString
 
 struct SessionServices {
     Reporter& reporter;        // the message boxes of the loader, the executor and the steps
-    ApplyEvent applyEvent;     // empty: the executor
     ReplayOpener openReplay;   // empty: the file at the path
     ProgressShower progress;   // empty: none shown
 };
@@ -48,13 +48,16 @@ public:
     explicit ReplaySession(SessionServices services, QObject* parent = nullptr);
     ~ReplaySession() override;
 
-    const WorldState& world() const { return world_; }
-    const ReplayHistory& history() const { return history_; }
+    const ReplayCursor& cursor() const { return cursor_; }
+    const WorldState& world() const { return cursor_.world(); }
+    const ReplayHistory& history() const { return cursor_.history(); }
+    // The map as the last move or change of the way of viewing drew it.
+    const MapFrame& frame() const { return cursor_.frame(); }
     // The path opened last, kept when a later choice is cancelled; empty before the first.
     const QString& fileName() const { return fileName_; }
 
-    int position() const;
-    int eventCount() const { return world_.eventCount; }
+    int position() const { return cursor_.position(); }
+    int eventCount() const { return cursor_.eventCount(); }
     bool atBegin() const;
     bool atEnd() const;
     bool slideForward() const;
@@ -62,17 +65,20 @@ public:
     bool backwardEnabled() const;
     bool forwardEnabled() const;
     bool stopEnabled() const;
+    // What the last move did, opening included.
+    const MoveResult& lastMove() const;
 
-    // Stops the show, loads the replay at `path` (the loader reports its own failure and keeps
-    // what it read), applies event 1 at position 1 and makes the pass over the events. The rest
-    // of opening (the grid, the panels, the buttons) is the window's, in its own order.
+    // Stops the show, loads the replay at `path` (the loader's failure shows in a box and the
+    // world keeps what it read), applies event 1 at position 1 (its boxes follow) and makes the
+    // pass over the events. The rest of opening (the grid, the panels, the buttons) is the
+    // window's, in its own order.
     LoadResult open(const QString& path);
 
+    // The fields of the map the window built for the replay: each move redraws them.
+    void setMapFields(MapFields fields);
     // The way of viewing the map; changing it redraws the map.
-    ViewMode viewMode() const { return viewMode_; }
+    ViewMode viewMode() const { return *cursor_.viewMode(); }
     void setViewMode(ViewMode mode);
-    // What a redraw of the first `fieldCount` fields writes into the world in the way of viewing.
-    void revealForView(int fieldCount);
 
     // The steps of the buttons, with a message box for each failure on the way; those that go
     // back or to the end start from the nearest keyframe, and the events it passes over show
@@ -102,10 +108,11 @@ signals:
     void replacing();
     // A replay was opened (or its load failed, keeping what it read).
     void opened(const QString& fileName, int eventCount);
-    // The position moved: once per move, after all of its events.
+    // The position moved: once per move, after all of its events and the map's redraw.
     void positionChanged(int position, int eventCount);
     void stepsEnabledChanged(bool backward, bool forward, bool stop);
     void playingChanged(bool playing);
+    // The map was redrawn in another way of viewing.
     void viewModeChanged(trelvin::ViewMode mode);
     // A jump arrived at `position`; the events it applied again reported `messages`.
     void jumped(int position, const QStringList& messages);
@@ -114,11 +121,8 @@ private:
     std::unique_ptr<TaskProgress> progressFor(const char* task) const;
 
     SessionServices services_;
-    WorldState world_;
-    ReplayHistory history_;
-    KeyframeShortcut shortcut_{world_, history_};
+    ReplayCursor cursor_;
     QString fileName_;
-    ViewMode viewMode_ = ViewMode::All;
     Playback* playback_;
 };
 

@@ -41,7 +41,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     const trelvin::ProgressShower slowTasks = [this](const QString& label) {
         return std::make_unique<trelvin::SlowTaskDialog>(this, label);
     };
-    session_ = new trelvin::ReplaySession({reporter_, services_.applyEvent, services_.openReplay, slowTasks}, this);
+    session_ = new trelvin::ReplaySession({reporter_, services_.openReplay, slowTasks}, this);
     loadAssets();
     trelvin::RegisterDesignedFonts();
     setWindowTitle(QString::fromLatin1(trelvin::kApplicationTitle));
@@ -103,6 +103,8 @@ void frmMain::buildPanels(QWidget* client) {
     strip->lower();
     grid->lower();
     connect(grid, &trelvin::MapGrid::clicked, Frame1, &trelvin::FieldPanel::m_Click);
+    // Every move redraws the fields the grid holds, those it loaded before a failure included.
+    connect(grid, &trelvin::MapGrid::fieldsChanged, session_, &trelvin::ReplaySession::setMapFields);
 }
 
 void frmMain::setTabOrderByLayout() {

@@ -36,7 +36,6 @@ class WindowFit;
 struct WindowServices {
     MessageService& messages;
     OpenFileService& files;
-    ApplyEvent applyEvent;    // empty: the executor
     ReplayOpener openReplay;  // empty: the file at the path
 };
 }  // namespace trelvin

@@ -63,7 +63,7 @@ int run(int argc, char* argv[]) {
     if (arguments->file) commandLine = std::make_unique<trelvin::PresetFirstChoice>(*arguments->file, dialog);
     trelvin::OpenFileService& files = commandLine ? *commandLine : dialog;
 
-    frmMain window({messages, files, {}, {}});
+    frmMain window({messages, files, {}});
     messages.setParent(&window);
     dialog.setParent(&window);
     application.setMessages(&messages);

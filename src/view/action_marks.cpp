@@ -29,18 +29,12 @@ bool ownersArmiesShown(const WorldState& world, int k, ViewMode mode) {
     return !ArmyHiddenFrom(mode, owner.side);
 }
 
-bool tookHeadquarters(const WorldState& world, const ReplayEvent& attack) {
-    return attack.success && std::any_of(world.players.begin() + 1, world.players.end(), [&](const Player& p) {
-               return !p.playing && p.hqField == attack.target;
-           });
-}
-
 }  // namespace
 
-ActionMarks MarkAction(const WorldState& world, int position, ViewMode mode, int fieldCount) {
+ActionMarks MarkAction(const WorldState& world, int position, bool tookHeadquarters, ViewMode mode, int fieldCount) {
     if (position < 1 || position > world.lastEventIndex()) return {};
     const ReplayEvent& event = world.events[std::size_t(position)];
-    const Action action = ActionOf(event.action);
+    const Action action = event.action;
     const int place = fieldNamed(world, event.place, fieldCount);
     // The target is a field for these three; for the others it is a side or a terrain letter.
     const bool targetIsField = action == Action::Attack || action == Action::Move;
@@ -67,8 +61,8 @@ ActionMarks MarkAction(const WorldState& world, int position, ViewMode mode, int
         marks.arrowFrom = place;
         marks.arrowTo = target;
     }
-    if (action == Action::Attack && isVisible(world, target) && tookHeadquarters(world, event))
-        marks.capturedHeadquarters = target;
+    // The headquarters an attack takes stands on the field it attacks.
+    if (action == Action::Attack && isVisible(world, target) && tookHeadquarters) marks.capturedHeadquarters = target;
     return marks;
 }
 

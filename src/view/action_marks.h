@@ -23,8 +23,9 @@ struct ActionMarks {
     bool operator==(const ActionMarks&) const = default;
 };
 
-// The marks of event `position`, just applied to `world` and redrawn in `mode` (its fields'
-// visible flags are those RevealForView wrote), on a map of `fieldCount` fields.
-ActionMarks MarkAction(const WorldState& world, int position, ViewMode mode, int fieldCount);
+// The marks of event `position`, just applied to `world` (where it took a headquarters or not)
+// and redrawn in `mode` (its fields' visible flags are those RevealForView wrote), on a map of
+// `fieldCount` fields.
+ActionMarks MarkAction(const WorldState& world, int position, bool tookHeadquarters, ViewMode mode, int fieldCount);
 
 }  // namespace trelvin

@@ -28,15 +28,6 @@ bool isHeadquartersOf(const WorldState& world, const Player& player, int k) {
 
 }  // namespace
 
-std::string_view ViewSide(ViewMode mode) {
-    switch (mode) {
-        case ViewMode::AsLouka: return side::kLouka;
-        case ViewMode::AsLes: return side::kLes;
-        case ViewMode::All: return "";
-    }
-    return "";
-}
-
 bool ArmyHiddenFrom(ViewMode mode, std::string_view ownerSide) {
     return (mode == ViewMode::AsLes && ownerSide == side::kLouka) ||
            (mode == ViewMode::AsLouka && ownerSide == side::kLes);
@@ -77,11 +68,6 @@ std::vector<int> ChoosePictures(const WorldState& world, ViewMode mode, int fiel
     pictures.reserve(static_cast<std::size_t>(std::max(fieldCount, 0)));
     for (int k = 1; k <= fieldCount; ++k) pictures.push_back(ChoosePicture(world, k, mode));
     return pictures;
-}
-
-std::vector<int> RedrawPictures(WorldState& world, ViewMode mode, int fieldCount) {
-    RevealForView(world, mode, fieldCount);
-    return ChoosePictures(world, mode, fieldCount);
 }
 
 }  // namespace trelvin

@@ -5,15 +5,10 @@
 #include <vector>
 
 #include "model/world_state.h"
+#include "view/view_mode.h"
 #include "view/visibility.h"
 
 namespace trelvin {
-
-// The three ways of viewing, in the order of the option buttons.
-enum class ViewMode { AsLouka = 0, AsLes = 1, All = 2 };
-
-// Side whose sight a way of viewing shows: "louka", "les", or "" for everything.
-std::string_view ViewSide(ViewMode mode);
 
 // Whether a way of viewing hides the armies and headquarters of players of `ownerSide`: seen
 // as one side, the other side's are hidden. A side other than "les" and "louka" hides nothing.
@@ -39,8 +34,5 @@ int ChoosePicture(const WorldState& world, int k, ViewMode mode);
 
 // The pictures of fields 1 .. fieldCount.
 std::vector<int> ChoosePictures(const WorldState& world, ViewMode mode, int fieldCount);
-
-// The whole redraw of a map of fieldCount fields: RevealForView, then ChoosePictures.
-std::vector<int> RedrawPictures(WorldState& world, ViewMode mode, int fieldCount);
 
 }  // namespace trelvin

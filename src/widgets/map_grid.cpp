@@ -41,6 +41,7 @@ void MapGrid::unloadAll() {
     fieldPixels_ = kFieldPixels;
     updateScrollBars();
     viewport()->update();
+    emit fieldsChanged(fields());
 }
 
 void MapGrid::build(int rows, int columns, double windowWidth) {
@@ -51,20 +52,14 @@ void MapGrid::build(int rows, int columns, double windowWidth) {
             grid.scene_ = MapScene::FromLayout(grid.layout_);
             grid.bounds_ = grid.layout_.bounds();
             grid.setAreaOrigin(grid.areaOrigin_);
+            emit grid.fieldsChanged(grid.fields());
         }
     } refresh{*this};
     layout_.build(rows, columns, windowWidth);
 }
 
-void MapGrid::setPictures(std::vector<int> pictures) {
-    pictures.resize(scene_.pictures.size(), picture::kFreeLand);
-    scene_.pictures = std::move(pictures);
-    viewport()->update();
-}
-
-void MapGrid::setMarks(ActionMarks marks) {
-    if (marks == scene_.marks) return;
-    scene_.marks = std::move(marks);
+void MapGrid::setFrame(const MapFrame& frame, bool withMarks) {
+    scene_.show(frame, withMarks);
     viewport()->update();
 }
 

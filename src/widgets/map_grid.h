@@ -36,16 +36,16 @@ public:
     // elements loaded until then.
     void build(int rows, int columns, double windowWidth);
 
-    // Shows the pictures of fields 1 .. (a redraw chose them for every field loaded).
-    void setPictures(std::vector<int> pictures);
-    // Marks the current action over the pictures; empty marks for none.
-    void setMarks(ActionMarks marks);
+    // Shows a frame of the map, with its marks or without.
+    void setFrame(const MapFrame& frame, bool withMarks);
 
     const GridLayout& layout() const { return layout_; }
     // What the map shows: the pictures and the captions.
     const MapScene& scene() const { return scene_; }
     // The highest index of m: the fields loaded, one of them perhaps unplaced after a failure.
     int fieldCount() const { return layout_.fieldCount(); }
+    // The fields a redraw covers (those loaded) and those it shows (those placed).
+    MapFields fields() const { return {fieldCount(), static_cast<int>(scene_.pictures.size())}; }
 
     // Where the area's top-left corner stands in the window, in twips.
     void setAreaOrigin(QPoint twips);
@@ -67,6 +67,8 @@ public:
 
 signals:
     void clicked(int k);
+    // The grid was built or unloaded: its fields changed.
+    void fieldsChanged(trelvin::MapFields fields);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -49,9 +49,14 @@ TEST(Lifecycle, PlayersJoinStartGainHourlyAndEnd) {
     EXPECT_TRUE(stopped(Apply(w, Event("add_rounds", "", "", 200))));
     EXPECT_EQ(w.players[1].moves, 21);
 
+    // The owner of the field the action before it was made from wins; the file's winner is not
+    // taken, and the list stays as the file gave it.
     w.events.push_back(Event("attack", "B0", "A1", 1));
-    EXPECT_TRUE(Apply(w, WithPlayer(Event("end"), "from file")).empty());
-    EXPECT_EQ(w.events.back().playerName, "louka");  // the file's winner is not taken
+    const EventOutcome end = ApplyEvent(w, WithPlayer(Event("end"), "from file"));
+    EXPECT_TRUE(end.messages.empty());
+    EXPECT_EQ(std::tuple(*end.winner, *w.storedWinner, w.events.back().playerName),
+              std::tuple("louka", "louka", "from file"));
+    EXPECT_EQ(w.actionText, "konec sveta - vitezem se stal typ louka");
 }
 
 class Rules : public ::testing::Test {
@@ -74,7 +79,10 @@ TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
     AddPlayer(w, "Twin", "louka", "H0").hqField = "D5";
     At(w, "A0").owner = "Jana";  // the map's first field
     w.tiles[0].owner = "Jana";   // the placeholder is no field of the map
-    EXPECT_TRUE(Apply(w, Event("attack", "C4", "D5", 12, true, 9)).empty());
+    const EventOutcome taken = ApplyEvent(w, Event("attack", "C4", "D5", 12, true, 9));
+    EXPECT_TRUE(taken.messages.empty());
+    EXPECT_EQ(taken.captures, (std::vector<CapturedHeadquarters>{{2, "Jana"}, {3, "Twin"}}));
+    EXPECT_EQ(taken.changedFields, (std::vector<int>{1, 8, 43, 54, 55, 100}));  // A0 H0 C4 D5 E5 J9
     EXPECT_EQ(w.actionText, "Utok z C4 (Karel) na D5 (Jana) s 12 jednotkami.\r\nUtok se zdaril prezilo 9 "
                             "jednotek\r\nDobyto veleni hrace Jana\r\nDobyto veleni hrace Twin\r\n"
                             "Akce stala 7 tah(u).");
@@ -82,6 +90,8 @@ TEST_F(Rules, CapturedHeadquartersFreesAllLandOfEveryHolder) {
     for (const char* freed : {"A0", "E5", "J9", "H0"})
         EXPECT_EQ(std::tuple(At(w, freed).owner, At(w, freed).armyCount), std::tuple("", 0)) << freed;
     EXPECT_EQ(w.tiles[0].owner, "Jana");
+    // Players have left the game; an attack on a field that is nobody's headquarters takes none.
+    EXPECT_FALSE(ApplyEvent(w, Event("attack", "C4", "C3", 1, true, 1)).tookHeadquarters());
 }
 
 TEST_F(Rules, TheFirstPlayersHeadquartersFallsLikeAnyOther) {
@@ -97,14 +107,11 @@ TEST(Executor, ReportsMissingEventsAndTakesEachEventsTime) {
     w.events[1].time = *DateTime::fromParts(2004, 6, 19, 8, 30, 0);
     w.eventCount = 1;
     for (const std::int16_t index : {std::int16_t{0}, std::int16_t{2}}) {
-        RecordingReporter reporter;
-        ExecuteEvent(w, index, reporter);
-        EXPECT_EQ(reporter.texts, std::vector<std::string>{std::string(kExecuteErrorPrefix) + "Index mimo rozsah: udalost " +
-                                                          std::to_string(index) + " neexistuje"});
+        EXPECT_EQ(ExecuteEvent(w, index).messages,
+                  std::vector<std::string>{std::string(kExecuteErrorPrefix) + "Index mimo rozsah: udalost " +
+                                           std::to_string(index) + " neexistuje"});
     }
-    RecordingReporter reporter;
-    ExecuteEvent(w, 1, reporter);
-    EXPECT_TRUE(reporter.texts.empty());
+    EXPECT_TRUE(ExecuteEvent(w, 1).messages.empty());
     EXPECT_EQ(w.currentTime.iso(), "2004-06-19T08:30:00");
     EXPECT_EQ(w.actionText, "konec sveta - vitezem se stal typ ");
 }

@@ -10,7 +10,7 @@
 #include <gif_lib.h>
 #include <webp/demux.h>
 
-#include "engine/event_executor.h"
+#include "cursor/replay_cursor.h"
 #include "export/export_command_line.h"
 #include "export/map_export.h"
 #include "model/replay_loader.h"
@@ -23,21 +23,17 @@ namespace {
 
 WorldState battle() {
     WorldState world;
-    RecordingReporter reporter;
-    LoadReplay(world, TRELVIN_SAMPLES_DIR "/bitva-u-potoka.trp", reporter);
+    LoadReplay(world, TRELVIN_SAMPLES_DIR "/bitva-u-potoka.trp");
     return world;
 }
 
-// The pictures the window chose at `action`, reached with a redraw after every step, and its marks.
-std::pair<std::vector<int>, ActionMarks> shownAt(const WorldState& replay, int action, ViewMode mode) {
-    WorldState world = replay;
-    RecordingReporter reporter;
-    std::vector<int> pictures;
-    for (int i = 1; i <= action; ++i) {
-        ExecuteEvent(world, std::int16_t(i), reporter);
-        pictures = RedrawPictures(world, mode, world.fieldCount());
-    }
-    return {pictures, MarkAction(world, action, mode, world.fieldCount())};
+// The frame the window shows at `action`, reached with the step buttons from the first.
+MapFrame shownAt(const WorldState& replay, int action, ViewMode mode) {
+    ReplayCursor cursor(replay);
+    cursor.setMap(mode, {replay.fieldCount(), replay.fieldCount()});
+    cursor.first();
+    while (cursor.position() < action) cursor.forward();
+    return cursor.frame();
 }
 
 QImage exported(const WorldState& world, int action, const PictureOptions& options, const QString& path) {

@@ -68,9 +68,8 @@ TEST(PlayerSeriesTest, EveryPlayerAfterEveryEventIsTheWorldsPlayer) {
         for (int place = 1; place <= series.placeCount(); ++place)
             nectarLines.push_back(CourseLinesOf(series, place, Quantity::Nectar, w.eventCount));
         std::string expectedCsv(kPlayerCsvHeader);
-        RecordingReporter quiet;
         for (int event = 1; event <= w.eventCount; ++event) {
-            ExecuteEvent(w, std::int16_t(event), quiet);
+            ExecuteEvent(w, std::int16_t(event));
             SCOPED_TRACE(event);
             ASSERT_EQ(series.playersAfter(event), w.lastPlayerIndex());
             EXPECT_FALSE(series.at(event, w.lastPlayerIndex() + 1));

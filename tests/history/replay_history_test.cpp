@@ -17,8 +17,7 @@ TEST(ActionLogTest, RecordsWhatEachEventDid) {
                         "2004-06-19-08-25-00;move;A0;Z9;1\n2004-06-19-09-30-00;attack;A0;B0;1;1;1\n")
                     .empty());
     // Players in the game: the world's creation takes no headquarters.
-    RecordingReporter played;
-    for (int i = 1; i <= 6; ++i) ExecuteEvent(w, std::int16_t(i), played);
+    for (int i = 1; i <= 6; ++i) ExecuteEvent(w, std::int16_t(i));
     const ActionLog log = ReplayHistory::Build(w).log;
     ASSERT_EQ(log.size(), 8);  // with the start, the hour's rounds and the end
     std::string summaries, flags;

@@ -74,7 +74,7 @@ TEST(ReplayLoader, AddRoundsCoversEveryFullHourUpToTheLine) {
         ASSERT_TRUE(Load(w, "0;A;0;1;1;1\n2004-06-19-08-00-00;create_world;N\n2004-06-19-" +
                                 std::string(first) + ";fly\n2004-06-19-" + second + ";fly\n").empty());
         const ReplayEvent& e = w.events[4];
-        EXPECT_EQ(w.eventCount == 4 ? "none" : e.action + " " + std::to_string(e.amount) + " " + e.time.iso(),
+        EXPECT_EQ(w.eventCount == 4 ? "none" : e.keyword + " " + std::to_string(e.amount) + " " + e.time.iso(),
                   inserted) << first << " " << second;
     }
 }
@@ -148,16 +148,14 @@ TEST(ReplayLoader, LinesComeOutTheSameWhateverPiecesTheSourceHandsOut) {
     for (std::size_t piece = 1; piece <= 24; ++piece) {
         WorldState w;
         TrickleSource source(file, piece);
-        RecordingReporter reporter;
-        LoadReplay(w, source, reporter);
+        const LoadOutcome outcome = LoadReplay(w, source);
         std::string events;
-        for (int i = 1; i <= w.lastEventIndex(); ++i) events += w.events[i].action + ":" + operands(w.events[i]) + " ";
+        for (int i = 1; i <= w.lastEventIndex(); ++i) events += w.events[i].keyword + ":" + operands(w.events[i]) + " ";
         EXPECT_EQ(events, "buy:A0||4|0|0||Kom\xE1r move:A0|B0|3|0|0|| retreat:B0||2|0|0|| trade:K|J|5|0|0|| "
                           "convert_gnd:B0|S|0|0|0|| ") << piece;
-        EXPECT_EQ(reporter.texts,
-                  std::vector<std::string>{std::string(kLoadFailure) +
-                                           "radek 10: casovy udaj '2004-99-99-00-00-00' neni platne datum"})
+        EXPECT_EQ(outcome.failure, std::string(kLoadFailure) + "radek 10: casovy udaj '2004-99-99-00-00-00' neni platne datum")
             << piece;
+        EXPECT_EQ(outcome.line, 10);
     }
 }
 
@@ -173,10 +171,8 @@ TEST(ReplayLoader, ProgressHearsTheBytesReadAfterEveryPiece) {
     std::string file = "0;A;9;1;1;1\n2004-06-19-08-00-00;fly;";
     file.resize(100000, 'x');
     ReplayText source(file);
-    RecordingReporter reporter;
     WorldState w;
-    LoadReplay(w, source, reporter, &progress);
-    ASSERT_TRUE(reporter.texts.empty());
+    ASSERT_TRUE(LoadReplay(w, source, &progress).succeeded());
     // The pass that decides the encoding reports none; the loading pass the bytes so far.
     EXPECT_EQ(progress.done, (std::vector<std::uint64_t>{0, 65536, 100000}));
     EXPECT_EQ(std::count(progress.totals.begin(), progress.totals.end(), 100000u), std::ssize(progress.totals));
@@ -261,10 +257,9 @@ TEST_F(FailedLoad, RunningOutOfMemoryIsReportedLikeAnyFailure) {
         void rewind() override {}
         std::uint64_t size() const override { return 100; }
     } source;
-    RecordingReporter reporter;
-    LoadReplay(w, source, reporter);
-    expectFailure(reporter.texts, "out of memory");
-    EXPECT_EQ(reporter.texts, std::vector<std::string>{std::string(kLoadFailure) + "nedostatek pameti"});
+    const LoadOutcome outcome = LoadReplay(w, source);
+    expectFailure({outcome.failure}, "out of memory");
+    EXPECT_EQ(outcome.failure, std::string(kLoadFailure) + "nedostatek pameti");
 }
 
 TEST_F(FailedLoad, EventsStopAt32767AndLinesAt1MiB) {

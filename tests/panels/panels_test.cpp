@@ -71,6 +71,8 @@ private slots:
         trelvin::ViewModePanel views(t.session, nullptr);
         trelvin::FieldPanel field(t.session, nullptr);
         QObject::connect(&map, &trelvin::MapGrid::clicked, &field, &trelvin::FieldPanel::m_Click);
+        // The session redraws the fields the grid holds, as the window tells it.
+        QObject::connect(&map, &trelvin::MapGrid::fieldsChanged, &t.session, &trelvin::ReplaySession::setMapFields);
         map.resize(300, 200);
         map.show();
         map.build(6630);

@@ -1,43 +1,42 @@
-// The playback alone: which events each step applies, where it leaves the position, the
-// button states and end flags it leaves, and the slide show's ticks.
+// The playback alone on a replay cursor: the button states and end flags each move leaves, the
+// views told once per move, message boxes as the steps report, and the slide show's ticks.
 #include <QtTest>
 
-#include "widgets/action_search.h"
 #include "playback/playback.h"
+#include "support/recording_reporter.h"
 #include "support/replays.h"
+#include "widgets/action_search.h"
 
 using trelvin::Playback;
 using trelvin::testing::Range;
 
 namespace {
 
-// A list of `count` events; applying one records its index, and event `failing` reports.
-struct Replay {
-    explicit Replay(int count, int failing = 0)
-        : failing(failing),
-          playback(world, reporter, [this](std::int16_t i, trelvin::Reporter& r) {
-              applied.push_back(i);
-              if (i == this->failing) r.report("failed");
-          }) {
-        world.events.resize(static_cast<std::size_t>(count) + 1);
-        world.eventCount = static_cast<std::int16_t>(count);
-        QObject::connect(&playback, &Playback::positionChanged, [this](int position, int count) {
-            appliedAtMove.push_back(int(applied.size()));
-            announced.emplace_back(position, count);
-        });
-        playback.openAtFirstEvent();
+// `count` events of which event `failing` (when not 0) is a move off the map, which reports.
+std::string Replay(int count, int failing = 0) {
+    std::string text = trelvin::testing::PlainReplay(count);
+    if (failing == 0) return text;
+    std::size_t at = 0;
+    for (int line = 0; line < failing; ++line) at = text.find("\r\n", at) + 2;
+    const std::size_t end = text.find("\r\n", at);
+    return text.replace(at + 20, end - at - 20, "move;Z9;A0;1");
+}
+
+// A playback on an opened replay; every move's position and count as the views hear them.
+struct Steps {
+    explicit Steps(int count, int failing = 0, trelvin::Reporter* boxes = nullptr)
+        : playback(cursor, boxes ? *boxes : reporter) {
+        const std::string replay = Replay(count, failing);
+        trelvin::ReplayText text(replay);
+        cursor.open(text);
+        QObject::connect(&playback, &Playback::positionChanged,
+                         [this](int position, int count) { announced.emplace_back(position, count); });
         playback.updateButtons();
     }
     void moveTo(int position) {
         playback.first();
         while (playback.position() < position) playback.forward();
-    }
-    template <typename Step>
-    std::vector<int> applies(Step step) {
-        applied.clear();
-        appliedAtMove.clear();
-        step();
-        return applied;
+        announced.clear();
     }
     // Forward group, backward group, stop, atBegin, atEnd: '1' for each that holds.
     QString flags() const {
@@ -48,13 +47,10 @@ struct Replay {
         return result;
     }
 
-    trelvin::WorldState world;
-    trelvin::RecordingReporter reporter;
-    int failing;
-    std::vector<int> applied;
-    std::vector<int> appliedAtMove;  // events applied when each refresh was announced
-    std::vector<std::pair<int, int>> announced;  // the position and count each refresh told
+    trelvin::ReplayCursor cursor;
+    trelvin::testing::RecordingReporter reporter;
     Playback playback;
+    std::vector<std::pair<int, int>> announced;  // the position and count each move told
 };
 
 }  // namespace
@@ -63,139 +59,84 @@ class PlaybackTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void stepsApplyTheirEventsAndRefreshOnceAfterAll() {
+    void stepsLeaveTheButtonsForThePositionAndTellTheViewsOnce() {
         struct Case {
             int from;
             void (Playback::*step)();
-            std::vector<int> applied;
             int to;
             const char* flags;
         };
         const Case cases[] = {
-            {5, &Playback::back, Range(1, 4), 4, "11000"},  {2, &Playback::back, {1}, 1, "10010"},
-            {9, &Playback::forward, {10}, 10, "01001"},     {3, &Playback::last, Range(1, 10), 10, "01001"},
-            {7, &Playback::first, {1}, 1, "10010"},         {10, &Playback::forward, {10}, 10, "01001"},
+            {5, &Playback::back, 4, "11000"},  {2, &Playback::back, 1, "10010"},  {9, &Playback::forward, 10, "01001"},
+            {3, &Playback::last, 10, "01001"}, {7, &Playback::first, 1, "10010"}, {10, &Playback::forward, 10, "01001"},
         };
         for (const Case& c : cases) {
-            Replay r(10);
+            Steps r(10);
             r.moveTo(c.from);
-            QCOMPARE(r.applies([&] { (r.playback.*c.step)(); }), c.applied);
-            QCOMPARE(r.playback.position(), std::int16_t(c.to));
+            (r.playback.*c.step)();
             QCOMPARE(r.flags(), QString(c.flags));
-            QCOMPARE(r.appliedAtMove, std::vector<int>{int(c.applied.size())});
-            QCOMPARE(r.announced.back(), std::pair(c.to, 10));
+            QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{c.to, 10}}));
         }
-        Replay single(1);
+        Steps single(1);
         QCOMPARE(single.flags(), QString("00011"));
     }
 
+    void aStepShowsAMessageBoxForEachReportAndAJumpNone() {
+        Steps r(10, 4);
+        r.playback.last();
+        QCOMPARE(r.reporter.texts.size(), std::size_t{1});
+        QVERIFY(r.reporter.texts.front().starts_with("Chyba pri provadeni tahu - "));
+        r.reporter.texts.clear();
+        const trelvin::MoveResult jump = r.playback.jumpTo(6);
+        QCOMPARE(std::pair(r.reporter.texts.size(), jump.reports.size()), std::pair(std::size_t{0}, std::size_t{1}));
+        QCOMPARE(r.playback.lastMove().applied, Range(1, 6));
+    }
+
     void aStoppedRebuildLeavesThePositionAtTheEventAppliedLast() {
-        Replay r(10);
+        Steps r(10);
         struct StopAt : trelvin::TaskProgress {
             bool keepGoing(std::uint64_t done, std::uint64_t total) override { return total != 10 || done < 6; }
         };
         r.playback.setRebuildProgress([] { return std::make_unique<StopAt>(); });
-        QCOMPARE(r.applies([&] { r.playback.last(); }), Range(1, 6));
-        QCOMPARE(r.playback.position(), std::int16_t(6));
+        r.playback.last();
+        QCOMPARE(r.playback.position(), 6);
         QCOMPARE(r.flags(), QString("11000"));
-        QCOMPARE(r.appliedAtMove, std::vector<int>{6});
-    }
-
-    void aShortcutReportsTheEventsItPassesOverAndStopsWhereTheProgressStops() {
-        // The state after event 6 is kept; events 3 and 6, the kept one itself, reported on the way.
-        struct Kept : trelvin::RebuildShortcut {
-            int shortcutTo(int target) const override { return target >= 6 ? 6 : 0; }
-            const std::vector<int>& reportingEvents() const override { return reporting; }
-            void reportAgain(int, trelvin::Reporter& reporter) const override { reporter.report("again"); }
-            std::vector<int> reporting{3, 6};
-            void restore(int event) override { restored.push_back(event); }
-            std::vector<int> restored;
-        };
-        struct StopAt : trelvin::TaskProgress {
-            explicit StopAt(int event) : event(event) {}
-            bool keepGoing(std::uint64_t done, std::uint64_t) override { return int(done) != event; }
-            int event;
-        };
-        struct Case {
-            int stopAt;
-            int failing;
-            std::vector<int> applied;
-            std::vector<int> restored;
-            std::vector<std::string> reports;
-        };
-        const Case cases[] = {
-            {0, 8, Range(7, 10), {6}, {"again", "again", "failed"}},
-            {8, 8, {7, 8}, {6}, {"again", "again", "failed"}},
-            // Stopped at a report before the kept state: reached from the first, without reports.
-            {3, 2, Range(1, 3), {}, {"again"}},
-        };
-        for (const Case& c : cases) {
-            Replay r(10, c.failing);
-            Kept kept;
-            r.playback.setRebuildShortcut(&kept);
-            r.playback.setRebuildProgress([&] { return std::make_unique<StopAt>(c.stopAt); });
-            r.reporter.texts.clear();
-            QCOMPARE(r.applies([&] { r.playback.last(); }), c.applied);
-            QCOMPARE(kept.restored, c.restored);
-            QCOMPARE(r.reporter.texts, c.reports);
-            QCOMPARE(r.playback.position(), std::int16_t(c.stopAt ? c.stopAt : 10));
-        }
-        // A jump, which does not follow the position on its way, also stays where it was stopped.
-        for (const int stopAt : {3, 8}) {
-            Replay r(10);
-            Kept kept;
-            r.playback.setRebuildShortcut(&kept);
-            r.playback.setRebuildProgress([&] { return std::make_unique<StopAt>(stopAt); });
-            trelvin::RecordingReporter quiet;
-            r.playback.jumpTo(10, quiet);
-            QCOMPARE(r.playback.position(), std::int16_t(stopAt));
-        }
+        QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{6, 10}}));
     }
 
     void aRefreshThatChangesNothingTellsNothing() {
-        Replay r(10);
+        Steps r(10);
         QSignalSpy told(&r.playback, &Playback::stepsEnabledChanged);
         r.playback.updateButtons();
         QCOMPARE(told.size(), 0);
     }
 
-    void aJumpStaysInsideTheReplay() {
-        trelvin::RecordingReporter quiet;
-        Replay one(1);
-        for (const int target : {-5, 0, 2, 99}) {
-            one.playback.jumpTo(target, quiet);
-            QCOMPARE(one.playback.position(), std::int16_t(1));
-        }
-    }
-
-    void aPositionPastTheCountLeavesTheForwardGroupAsItWas() {
-        Replay r(10);  // after a failed load the count can fall below the position
-        r.world.eventCount = 0;
-        r.playback.updateButtons();
-        QCOMPARE(r.flags(), QString("10010"));
-    }
-
     void theShowStepsAtOnceAndStopsOneTickAfterItsEnd() {
-        Replay r(10);
+        Steps r(10);
         r.moveTo(9);
-        QCOMPARE(r.applies([&] { r.playback.useTimer(true, 1000); }), std::vector<int>{10});
+        r.playback.useTimer(true, 1000);
+        QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{10, 10}}));
         QCOMPARE(std::pair(r.playback.isPlaying(), r.playback.interval()), std::pair(true, 1000));
         QCOMPARE(r.flags(), QString("01101"));
-        QVERIFY(r.applies([&] { r.playback.tSlide_Timer(); }).empty());
+        r.playback.tSlide_Timer();
+        QCOMPARE(r.announced.size(), std::size_t{1});  // no step at the end
         QVERIFY(!r.playback.isPlaying());
         QCOMPARE(r.flags(), QString("01001"));
 
         r.moveTo(2);
-        QCOMPARE(r.applies([&] { r.playback.useTimer(false, 5000); }), std::vector<int>{1});
+        r.playback.useTimer(false, 5000);
+        QCOMPARE(r.playback.position(), 1);
         r.playback.tSlide_Timer();
         QCOMPARE(std::pair(r.playback.isPlaying(), r.playback.stopEnabled()), std::pair(false, false));
 
         // From the first event the forward show steps at once; a jump to either end keeps it
         // running, and at the end it stops at the next tick.
-        QCOMPARE(r.applies([&] { r.playback.useTimer(true, 5000); }), std::vector<int>{2});
+        r.playback.useTimer(true, 5000);
+        QCOMPARE(r.playback.position(), 2);
         r.playback.first();
         QVERIFY(r.playback.isPlaying());
-        QCOMPARE(r.applies([&] { r.playback.tSlide_Timer(); }), std::vector<int>{2});
+        r.playback.tSlide_Timer();
+        QCOMPARE(r.playback.position(), 2);
         r.playback.last();
         QVERIFY(r.playback.isPlaying());
         r.playback.tSlide_Timer();
@@ -203,34 +144,27 @@ private slots:
     }
 
     void noTickInsideAStepAndAtMostOneAfterIt() {
-        Replay r(10, 3);
-        std::size_t appliedWhileReporting = 0;
         // A failing event shows a message box: many intervals of the timer pass meanwhile.
         struct WaitingReporter : trelvin::Reporter {
             std::function<void()> shown;
             void report(const std::string&) override { shown(); }
         } slow;
+        Steps r(10, 3, &slow);
+        int movedWhileReporting = 0;
         slow.shown = [&] {
-            const std::size_t before = r.applied.size();
+            const std::size_t before = r.announced.size();
             QTest::qWait(100);
-            appliedWhileReporting += r.applied.size() - before;
+            movedWhileReporting += int(r.announced.size() - before);
         };
-        Playback playback(r.world, slow, [&](std::int16_t i, trelvin::Reporter& rep) {
-            r.applied.push_back(i);
-            if (i == 3) rep.report("failed");
-        });
-        r.applied.clear();
-        playback.openAtFirstEvent();
-        playback.useTimer(true, 5);
-        QTRY_VERIFY(!playback.isPlaying());
-        QCOMPARE(appliedWhileReporting, std::size_t{0});
-        QCOMPARE(r.applied, Range(1, 10));
+        r.playback.useTimer(true, 5);
+        QTRY_VERIFY(!r.playback.isPlaying());
+        QCOMPARE(movedWhileReporting, 0);
+        QCOMPARE(r.announced.size(), std::size_t{9});  // one step to each of 2 .. 10
     }
 
     // The ends are reached with the show running; a tick that falls due while such a step shows
     // a message box runs right after the step, and only once.
     void aTickDueDuringAButtonStepRunsOnceRightAfterIt() {
-        Replay r(10, 1);
         bool waiting = false;
         struct WaitingReporter : trelvin::Reporter {
             std::function<void()> shown;
@@ -239,20 +173,16 @@ private slots:
         slow.shown = [&] {
             if (waiting) QTest::qWait(500);
         };
-        Playback playback(r.world, slow, [&](std::int16_t i, trelvin::Reporter& rep) {
-            r.applied.push_back(i);
-            if (i == 1) rep.report("failed");
-        });
-        playback.openAtFirstEvent();
-        playback.useTimer(true, 400);
-        r.applied.clear();
+        Steps r(10, 1, &slow);  // the world's creation fails: a creation longer than the map
+        r.playback.useTimer(true, 400);
+        r.announced.clear();
         waiting = true;
-        playback.first();  // event 1's box outlasts one interval
-        QCOMPARE(r.applied, std::vector<int>{1});
+        r.playback.first();  // event 1's box outlasts one interval
+        QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{1, 10}}));
         QCoreApplication::processEvents();
-        QCOMPARE(r.applied, (std::vector<int>{1, 2}));
+        QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{1, 10}, {2, 10}}));
         QCoreApplication::processEvents();
-        QCOMPARE(r.applied, (std::vector<int>{1, 2}));
+        QCOMPARE(r.announced.size(), std::size_t{2});
     }
 
     // A field's name is found whole and in its case; other text anywhere, in any case.

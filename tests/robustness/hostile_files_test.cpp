@@ -26,14 +26,14 @@ protected:
     }
     // Loads and plays the file, then loads Alfa; returns the first file's messages.
     std::vector<std::string> loadThenRecover(const fs::path& path) {
-        RecordingReporter reporter, good;
-        LoadReplay(world_, path.string(), reporter);
+        std::vector<std::string> texts;
+        const LoadOutcome loaded = LoadReplay(world_, path.string());
+        if (!loaded.succeeded()) texts.push_back(loaded.failure);
         for (int i = 1; i <= std::min<int>(world_.eventCount, world_.lastEventIndex()); ++i)
-            ExecuteEvent(world_, static_cast<std::int16_t>(i), reporter);
-        LoadReplay(world_, write("alfa.trp", kAlfa).string(), good);
-        EXPECT_TRUE(good.texts.empty());
+            for (std::string& text : ExecuteEvent(world_, static_cast<std::int16_t>(i)).messages) texts.push_back(text);
+        EXPECT_TRUE(LoadReplay(world_, write("alfa.trp", kAlfa).string()).succeeded());
         EXPECT_EQ(world_.eventCount, 7);
-        return reporter.texts;
+        return texts;
     }
     bool failsToLoad(const fs::path& path) { return OneMessage(loadThenRecover(path), kLoadFailure); }
 
@@ -113,11 +113,10 @@ TEST_F(HostileFiles, CancelledAndShrinkingLoadsFailWhereTheyStopped) {
               }, "se behem cteni prodlouzil"}}) {
         write("many.trp", many);
         hook.onPiece = onPiece;
-        RecordingReporter reporter;
         world_.eventCount = 7;
-        LoadReplay(world_, path.string(), reporter, &hook);
-        ASSERT_TRUE(OneMessage(reporter.texts, kLoadFailure));
-        EXPECT_TRUE(reporter.texts[0].ends_with(description)) << reporter.texts[0];
+        const LoadOutcome loaded = LoadReplay(world_, path.string(), &hook);
+        ASSERT_TRUE(OneMessage({loaded.failure}, kLoadFailure));
+        EXPECT_TRUE(loaded.failure.ends_with(description)) << loaded.failure;
         EXPECT_EQ(world_.eventCount, 7);  // nothing rolled back, nothing completed
     }
 }

@@ -1,10 +1,9 @@
 #pragma once
 // The main window driven without a person: the Open dialog answers from a queue, message
-// boxes are recorded, and every applied event index is recorded before it is applied.
+// boxes are recorded, and so are the events every move applies.
 #include <QtTest>
 #include <QtWidgets>
 
-#include "engine/event_executor.h"
 #include "panels/field_panel.h"
 #include "panels/map_panel.h"
 #include "panels/playback_controls.h"
@@ -36,15 +35,19 @@ struct Window {
     Window()
         : window(std::make_unique<frmMain>(
               WindowServices{messages, files,
-                             [this](WorldState& w, std::int16_t i, Reporter& r) {
-                                 applied.push_back(i);
-                                 ExecuteEvent(w, i, r);
-                             },
                              [this](const QString& path) -> std::unique_ptr<ReplaySource> {
                                  if (openReplay) return openReplay(path);
                                  return std::make_unique<ReplayFile>(path.toStdString());
                              }})),
-          controls(*window->controls) {}
+          controls(*window->controls) {
+        ReplaySession& session = window->session();
+        const auto note = [this, &session] {
+            const std::vector<int>& events = session.lastMove().applied;
+            applied.insert(applied.end(), events.begin(), events.end());
+        };
+        QObject::connect(&session, &ReplaySession::opened, note);
+        QObject::connect(&session, &ReplaySession::positionChanged, note);
+    }
 
     // Writes a replay (bytes as given: Windows-1250) and opens it through the menu command.
     void open(const std::string& name, const std::string& bytes) { open(write(name, QByteArray::fromStdString(bytes))); }

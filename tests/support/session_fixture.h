@@ -1,22 +1,24 @@
 #pragma once
-// A replay session driven without a window: message boxes are recorded, every applied event
-// index is recorded before it is applied, and replays are written to a temporary folder.
+// A replay session driven without a window: message boxes are recorded, so are the events every
+// move applies, and replays are written to a temporary folder.
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "engine/event_executor.h"
 #include "session/replay_session.h"
+#include "support/recording_reporter.h"
 #include "support/replays.h"
 
 namespace trelvin::testing {
 
 struct Session {
-    Session()
-        : session({reporter, [this](WorldState& w, std::int16_t i, Reporter& r) {
-                       applied.push_back(i);
-                       ExecuteEvent(w, i, r);
-                   },
-                   {}, {}}) {}
+    Session() : session({reporter, {}, {}}) {
+        const auto note = [this] {
+            const std::vector<int>& events = session.lastMove().applied;
+            applied.insert(applied.end(), events.begin(), events.end());
+        };
+        QObject::connect(&session, &ReplaySession::opened, note);
+        QObject::connect(&session, &ReplaySession::positionChanged, note);
+    }
 
     // Writes the bytes of a replay as a file of that name.
     QString write(const std::string& name, const std::string& bytes) {
@@ -52,7 +54,7 @@ inline QStringList WorldLines(const WorldState& w) {
         lines << QString::fromStdString(p.name + "|" + p.side + "|" + p.hqField + "|" + std::to_string(p.moves) + "|" +
                                         std::to_string(p.nectar) + "|" + std::to_string(p.nectarPerHour) + "|" +
                                         std::to_string(p.territory) + "|" + std::to_string(p.playing));
-    for (const ReplayEvent& e : w.events) lines << QString::fromStdString(e.action + "|" + e.playerName);
+    lines << QString::fromStdString(w.storedWinner.value_or("(none)"));
     return lines;
 }
 

@@ -46,31 +46,40 @@ inline FieldState StateOf(WorldState& w, const std::string& name) {
     return {t.terrain, t.owner, t.armyType, t.armyCount};
 }
 
-inline ReplayEvent Event(const std::string& action, const std::string& place = "",
+inline ReplayEvent Event(const std::string& keyword, const std::string& place = "",
                          const std::string& target = "", std::int16_t amount = 0,
                          bool success = false, std::int16_t survivors = 0) {
-    return ReplayEvent{{}, action, place, target, amount, success, survivors, "", ""};
+    ReplayEvent event;
+    event.setKeyword(keyword);
+    event.place = place;
+    event.target = target;
+    event.amount = amount;
+    event.success = success;
+    event.survivors = survivors;
+    return event;
 }
 
-// Appends the event and applies it; returns the message texts it showed.
-inline std::vector<std::string> Apply(WorldState& w, ReplayEvent e) {
+// Appends the event and applies it; returns what it did.
+inline EventOutcome ApplyEvent(WorldState& w, ReplayEvent e) {
     w.events.push_back(std::move(e));
     w.eventCount = static_cast<std::int16_t>(w.lastEventIndex());
-    RecordingReporter reporter;
-    ExecuteEvent(w, w.eventCount, reporter);
-    return reporter.texts;
+    return ExecuteEvent(w, w.eventCount);
 }
 
+// The same; returns the message texts it showed.
+inline std::vector<std::string> Apply(WorldState& w, ReplayEvent e) { return ApplyEvent(w, std::move(e)).messages; }
+
+// The load's message, if it failed.
 inline std::vector<std::string> Load(WorldState& w, const std::string& bytes) {
-    RecordingReporter reporter;
-    LoadReplayFromBytes(w, bytes, reporter);
-    return reporter.texts;
+    const LoadOutcome outcome = LoadReplayFromBytes(w, bytes);
+    if (outcome.succeeded()) return {};
+    return {outcome.failure};
 }
 
-// The loaded actions joined by blanks, to compare the whole event list at once.
+// The loaded keywords joined by blanks, to compare the whole event list at once.
 inline std::string Actions(const WorldState& w) {
     std::string joined;
-    for (int i = 1; i <= w.lastEventIndex(); ++i) joined += (i > 1 ? " " : "") + w.events[i].action;
+    for (int i = 1; i <= w.lastEventIndex(); ++i) joined += (i > 1 ? " " : "") + w.events[i].keyword;
     return joined;
 }
 

@@ -59,9 +59,9 @@ TEST(ActionMarksTest, MarksTheNamedFieldsAndNothingTheWayOfViewingHides) {
     };
     for (const Case& c : cases) {
         WorldState w = TwoSides();
-        Apply(w, c.event);
+        const bool took = ApplyEvent(w, c.event).tookHeadquarters();
         RevealForView(w, c.mode, 6);
-        const ActionMarks marks = MarkAction(w, w.eventCount, c.mode, 6);
+        const ActionMarks marks = MarkAction(w, w.eventCount, took, c.mode, 6);
         EXPECT_EQ(marks.outlined, c.outlined) << c.what;
         EXPECT_EQ(std::pair(marks.arrowFrom, marks.arrowTo), c.arrow) << c.what;
         EXPECT_EQ(marks.capturedHeadquarters, c.captured) << c.what;
@@ -72,15 +72,9 @@ TEST(ActionMarksTest, AnActionOutsideTheListOrTheMapIsNotMarked) {
     WorldState w = TwoSides();
     Apply(w, Event("move", "A0", "B0", 2));
     RevealForView(w, ViewMode::All, 6);
-    for (const int position : {0, 2, -1}) EXPECT_TRUE(MarkAction(w, position, ViewMode::All, 6).empty()) << position;
-    // An attack that takes no headquarters is no capture, though a player has left the game.
-    WorldState after = TwoSides();
-    after.players[2].playing = false;
-    Apply(after, Event("attack", "B0", "B1", 2, true, 1));
-    RevealForView(after, ViewMode::All, 6);
-    EXPECT_EQ(MarkAction(after, after.eventCount, ViewMode::All, 6).capturedHeadquarters, 0);
+    for (const int position : {0, 2, -1}) EXPECT_TRUE(MarkAction(w, position, false, ViewMode::All, 6).empty()) << position;
     // A grid that stops short of the map marks only the fields it has.
-    EXPECT_EQ(MarkAction(w, 1, ViewMode::All, 1).outlined, std::vector<int>{1});
+    EXPECT_EQ(MarkAction(w, 1, false, ViewMode::All, 1).outlined, std::vector<int>{1});
 }
 
 }  // namespace

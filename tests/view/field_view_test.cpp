@@ -22,7 +22,10 @@ protected:
         At(w, "D3") = Tile{"B", "Jana", "Kom\xE1r", 3, false};
         At(w, "C3") = Tile{"S", "Jana", "", 0, false};
     }
-    std::vector<int> draw(ViewMode mode) { return RedrawPictures(w, mode, w.fieldCount()); }
+    std::vector<int> draw(ViewMode mode) {
+        RevealForView(w, mode, w.fieldCount());
+        return ChoosePictures(w, mode, w.fieldCount());
+    }
     int pictureOf(ViewMode mode, const std::string& field) { return draw(mode)[FieldIndex(w, field) - 1]; }
     // "#" for a visible field, rows separated by "/".
     std::string seen() {
@@ -54,7 +57,7 @@ TEST_F(FieldView, ASideSeesItsFieldsAndTheirNeighbours) {
     EXPECT_EQ(seen(), "...../...../...##/...##");
     WorldState column = MakeWorld(1, 3, "NNN");  // one column: the block is cut at both sides
     AddPlayer(column, "Karel", "les", "A2");
-    RedrawPictures(column, AsLes, 3);
+    RevealForView(column, AsLes, 3);
     EXPECT_EQ(std::tuple(column.tiles[1].visible, column.tiles[2].visible, column.tiles[3].visible),
               std::tuple(false, true, true));
     w.loaded = false;  // before any load nothing changes
