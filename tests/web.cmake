@@ -19,5 +19,6 @@ add_test(NAME web_dump_matches_native
                  ${web_build}/trelvin-dump.js $<TARGET_FILE:web_dump_generator> ${web_dump_replays})
 set_tests_properties(web_dump_matches_native PROPERTIES TIMEOUT 600)
 
-add_test(NAME web_page COMMAND node --test ${PROJECT_SOURCE_DIR}/web/tests/)
+file(GLOB web_page_tests ${PROJECT_SOURCE_DIR}/web/tests/*.test.mjs)
+add_test(NAME web_page COMMAND node --test ${web_page_tests})
 set_tests_properties(web_page PROPERTIES TIMEOUT 300)

@@ -1,7 +1,7 @@
 // Builds build-web/trelvin-replay.html: one self-contained page with the core's WebAssembly,
 // the bundled script, the style, the field pictures and the icon inside it, so that it works
 // from file:// and asks for nothing. Run by scripts/build-web.sh after the core is built.
-// Usage: node web/build.mjs CORE-DIR   (the folder of trelvin-core.mjs and trelvin-core.wasm)
+// Usage: node web/build.mjs CORE-DIR   (the folder of trelvin-web-core.mjs and .wasm)
 import { readFile, readdir, writeFile } from "node:fs/promises";
 import path from "node:path";
 import { fileURLToPath } from "node:url";
@@ -36,7 +36,7 @@ async function fieldPicturesModule() {
 const pageModules = {
   name: "page-modules",
   setup(build) {
-    build.onResolve({ filter: /^trelvin-core\.(mjs|wasm)$/ }, (args) => ({ path: path.resolve(coreDir, args.path) }));
+    build.onResolve({ filter: /^trelvin-web-core\.(mjs|wasm)$/ }, (args) => ({ path: path.resolve(coreDir, args.path) }));
     build.onResolve({ filter: /^trelvin-field-pictures$/ }, () => ({ path: "field-pictures", namespace: "page" }));
     build.onLoad({ filter: /.*/, namespace: "page" }, async () => ({ contents: await fieldPicturesModule(), loader: "js" }));
   },

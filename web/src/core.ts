@@ -1,6 +1,6 @@
 // The core, instantiated from the bytes the page carries: the page loads nothing.
-import createTrelvinCore from "trelvin-core.mjs";
-import coreWasm from "trelvin-core.wasm";
+import createTrelvinCore from "trelvin-web-core.mjs";
+import coreWasm from "trelvin-web-core.wasm";
 
 // A replay loaded as the window loads one; the messages are the loader's, in UTF-8.
 export interface LoadResult {

@@ -2,11 +2,11 @@
 
 // The core compiled by emscripten (web/bridge/core_bridge.cpp): its factory, and the bytes of
 // its WebAssembly, which come inside the page.
-declare module "trelvin-core.mjs" {
+declare module "trelvin-web-core.mjs" {
   const createTrelvinCore: (options: { wasmBinary: Uint8Array }) => Promise<import("./core").CoreModule>;
   export default createTrelvinCore;
 }
-declare module "trelvin-core.wasm" {
+declare module "trelvin-web-core.wasm" {
   const bytes: Uint8Array;
   export default bytes;
 }

@@ -76,7 +76,7 @@ function statusAfter(page, previous) {
 // What trelvin-dump (the same core, for node) says of the load.
 function dumpedLoad(file) {
   const dump = path.join(root, "build-web", "trelvin-dump.js");
-  return JSON.parse(execFileSync("node", [dump, file], { encoding: "utf8" }).split("\n")[0]).load;
+  return JSON.parse(execFileSync(process.execPath, [dump, file], { encoding: "utf8" }).split("\n")[0]).load;
 }
 
 test("the page carries its pictures and its core and asks for nothing", async () => {
