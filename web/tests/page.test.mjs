@@ -119,7 +119,7 @@ test("a replay shows its count of actions, a bad file the loader's message in it
   assert.ok(message.startsWith("Chyba pri nacitani replaye - "), message);
   assert.match(message, /'x' neni cislo/);
 
-  // The same file again is read again.
+  // A good replay after a bad one replaces its message.
   await openReplay(page, battle);
   assert.equal(await statusAfter(page, message), count);
   await expectSelfContained(opened);
