@@ -17,6 +17,8 @@ done
 extra=(dpkg-dev lintian appstream man-db locales time file)
 [ $fuzz -eq 1 ] && extra+=(clang libclang-rt-14-dev)
 scripts/install-deps.sh "${extra[@]}"
+# Before the configure: the suite registers the browser build's tests when it finds that build.
+scripts/build-web.sh
 
 export QT_QPA_PLATFORM=offscreen
 werror=OFF

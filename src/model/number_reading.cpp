@@ -1,12 +1,16 @@
 #include "model/number_reading.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <locale.h>
 #include <string>
 
 #include "model/blanks.h"
 #include "model/checked_math.h"
+#include "model/decimal_reading.h"
 
 namespace trelvin {
 
@@ -40,6 +44,51 @@ std::optional<std::int16_t> readPlainSmallNumber(std::string_view text) {
 
 }  // namespace
 
+#ifdef TRELVIN_HAS_DOUBLE_FROM_CHARS
+namespace {
+
+// A number out of double's range lies past the largest or below the smallest: the power of ten of
+// its first significant digit tells which, however long its digits or exponent.
+bool isPastLargestDouble(std::string_view digits) {
+    const std::size_t exponentAt = digits.find_first_of("eE");
+    long long exponent = 0;
+    if (exponentAt != std::string_view::npos) {
+        std::size_t pos = exponentAt + 1;
+        const bool negative = pos < digits.size() && digits[pos] == '-';
+        if (negative || (pos < digits.size() && digits[pos] == '+')) ++pos;
+        // Past this any mantissa's own length is outweighed: only the sign still matters.
+        constexpr long long kSaturated = 1'000'000'000'000;
+        for (; pos < digits.size() && exponent < kSaturated; ++pos) exponent = exponent * 10 + (digits[pos] - '0');
+        if (negative) exponent = -exponent;
+    }
+    const std::string_view mantissa = digits.substr(0, exponentAt);
+    const std::size_t wholeDigits = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return false;
+    // The value is 0.d... times ten to this power.
+    const long long power = first < wholeDigits ? static_cast<long long>(wholeDigits - first)
+                                                : -static_cast<long long>(first - wholeDigits - 1);
+    return power + exponent > 0;
+}
+
+}  // namespace
+
+double decimalByFromChars(std::string_view digits) {
+    double value = 0.0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    // Out of range leaves the value alone; strtod's answer is infinity or zero.
+    if (result.ec == std::errc::result_out_of_range)
+        return isPastLargestDouble(digits) ? std::numeric_limits<double>::infinity() : 0.0;
+    return value;
+}
+#endif
+
+double decimalInCLocale(std::string_view digits) {
+    static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", locale_t{});
+    const std::string terminated(digits);
+    return strtod_l(terminated.c_str(), nullptr, cLocale);
+}
+
 std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
     std::size_t pos = 0;
     bool negative = false;
@@ -72,16 +121,13 @@ std::optional<NumberPrefix> readNumberPrefix(std::string_view text) {
         return NumberPrefix{pos, negative ? -whole : whole};
     }
 
-    // from_chars takes no sign of its own: the mantissa starts after it.
+    // Neither way of reading takes a sign of its own: the digits start after it.
     const std::string_view digits = text.substr(mantissaStart, pos - mantissaStart);
-    double value = 0.0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        // Too large reads as infinite, too small as zero.
-        const bool huge = digits.find_first_of("eE") == std::string_view::npos ||
-                          digits[digits.find_first_of("eE") + 1] != '-';
-        value = huge ? std::numeric_limits<double>::infinity() : 0.0;
-    }
+#ifdef TRELVIN_HAS_DOUBLE_FROM_CHARS
+    const double value = decimalByFromChars(digits);
+#else
+    const double value = decimalInCLocale(digits);
+#endif
     return NumberPrefix{pos, negative ? -value : value};
 }
 

@@ -1,11 +1,20 @@
 // How a replay's values are read: numbers, Windows-1250 text, field names and player names.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <clocale>
+#include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <limits>
+#include <random>
+#include <string>
 
 #include "model/checked_math.h"
 #include "model/date_time.h"
+#include "model/decimal_reading.h"
 #include "model/number_reading.h"
 #include "model/text_encoding.h"
 #include "support/world_builder.h"
@@ -52,6 +61,121 @@ TEST(NumberReading, StrictLeadingAndByteReadingsRoundHalfToEvenWithinTheirWidth)
     expectOutcomes(readWholeByte, {{" 255 ", "255"}, {"2.5", "2"}, {"-0.4", "0"}, {"256", "overflow"},
                                    {"-1", "overflow"}, {"3x", "mismatch"}, {"", "mismatch"}});
 }
+
+#ifdef TRELVIN_HAS_DOUBLE_FROM_CHARS
+// Where the standard library has no from_chars for double (the browser's build), strtod in the
+// "C" locale reads instead; a replay must give the same numbers in both builds.
+class DecimalReadings : public ::testing::Test {
+protected:
+    static std::uint64_t bits(double value) { return std::bit_cast<std::uint64_t>(value); }
+
+    static void expectSameBits(const std::string& digits) {
+        EXPECT_EQ(bits(decimalByFromChars(digits)), bits(decimalInCLocale(digits))) << digits;
+    }
+
+    static void expectValue(const std::string& digits, double expected) {
+        EXPECT_EQ(bits(decimalByFromChars(digits)), bits(expected)) << digits;
+        EXPECT_EQ(bits(decimalInCLocale(digits)), bits(expected)) << digits;
+    }
+
+    // The exact decimal of a value that long double holds exactly, as digits of the grammar.
+    static std::string exactDecimal(long double value) {
+        std::string text(1200, '\0');
+        text.resize(std::snprintf(text.data(), text.size(), "%.1100Le", value));
+        const std::size_t exponentAt = text.find('e');
+        const std::size_t lastDigit = text.find_last_not_of('0', exponentAt - 1);
+        return text.substr(0, lastDigit + 1) + text.substr(exponentAt);
+    }
+
+    // The point halfway between a double and the next one up (past the largest too): ties go to the
+    // even neighbour. A step is 2^-52 of the value's power of two, and never below the smallest denormal.
+    static long double halfwayAbove(double value) {
+        return value + std::ldexp(1.0L, std::max(std::ilogb(value), -1022) - 53);
+    }
+};
+
+// Known answers hold both ways to the nearest double, so that they cannot agree on a wrong one.
+TEST_F(DecimalReadings, EdgesOfTheRangeAndTiesHaveKnownValues) {
+    static_assert(std::numeric_limits<long double>::digits >= 64, "halfway points need a wider mantissa");
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double largest = std::numeric_limits<double>::max();
+    const double smallest = std::numeric_limits<double>::denorm_min();
+    expectValue("5.", 5.0);
+    expectValue(".5", 0.5);
+    expectValue("0.000", 0.0);
+    expectValue("1e400", infinity);
+    expectValue("1E+99999999999999999999999", infinity);
+    expectValue("1e-400", 0.0);
+    expectValue("1e-99999999999999999999999", 0.0);
+    // The power of ten of the first significant digit decides, not the exponent's sign.
+    expectValue("." + std::string(400, '0') + "1", 0.0);
+    expectValue("." + std::string(400, '0') + "1e+70", 0.0);
+    expectValue("1" + std::string(400, '0') + "e-70", infinity);
+    expectValue("0.00001" + std::string(400, '0') + "e312", 1e307);
+    expectValue("4.9e-324", smallest);
+    expectValue("2.2250738585072011e-308", std::nextafter(std::numeric_limits<double>::min(), 0.0));
+    expectValue("1.7976931348623157e308", largest);
+    expectValue("1.7976931348623159e308", infinity);
+    // An exact tie rounds to the even neighbour; a digit more anywhere after it rounds up.
+    const std::string oneAndAHalfUlp = exactDecimal(halfwayAbove(1.0));
+    expectValue(oneAndAHalfUlp, 1.0);
+    expectValue(oneAndAHalfUlp.substr(0, oneAndAHalfUlp.find('e')) + "000000001e0", std::nextafter(1.0, 2.0));
+    expectValue("9007199254740993", 9007199254740992.0);
+    expectValue("9007199254740995", 9007199254740996.0);
+    const std::string halfTheSmallest = exactDecimal(static_cast<long double>(smallest) / 2);
+    expectValue(halfTheSmallest, 0.0);
+    expectValue(halfTheSmallest.substr(0, halfTheSmallest.find('e')) + "1e-324", smallest);
+    const std::string pastLargest = exactDecimal(halfwayAbove(largest));  // the largest is odd: up to infinity
+    expectValue(pastLargest, infinity);
+    expectValue(pastLargest.substr(0, pastLargest.find('e') - 1) + "0999e308", largest);
+    // Through a whole reading: a long fraction too small for a double is zero, not an overflow.
+    EXPECT_EQ(outcome([] { return readStrictNumber("0." + std::string(400, '0') + "7"); }), "0");
+}
+
+TEST_F(DecimalReadings, EveryKindOfTextGivesTheSameBitsBothWays) {
+    std::mt19937_64 random(20240611);
+    const auto digitsOf = [&](std::size_t count) {
+        std::string text;
+        for (std::size_t i = 0; i < count; ++i) text += static_cast<char>('0' + random() % 10);
+        return text;
+    };
+    // Texts of the grammar: whole, "5.", ".5", with and without an exponent of either sign and case,
+    // from a few digits to hundreds of them.
+    for (int i = 0; i < 20000; ++i) {
+        const std::size_t longest = i % 10 == 0 ? 800 : 25;
+        std::string text = digitsOf(random() % longest);
+        if (random() % 2 != 0 || text.empty()) text += "." + digitsOf(random() % longest + (text.empty() ? 1 : 0));
+        if (random() % 2 != 0) {
+            text += random() % 2 != 0 ? "e" : "E";
+            const int sign = static_cast<int>(random() % 3);
+            text += sign == 0 ? "" : sign == 1 ? "+" : "-";
+            text += std::to_string(random() % 700);
+        }
+        expectSameBits(text);
+    }
+    // Every double's shortest text and its neighbours' halfway points (denormals, normals and the
+    // largest alike), exact, cut short, and one digit past.
+    for (int i = 0; i < 5000; ++i) {
+        const double value = std::bit_cast<double>(random() % 0x7FF0000000000000ULL);
+        char shortest[40];
+        std::snprintf(shortest, sizeof shortest, "%.17g", value);
+        expectSameBits(shortest);
+        const std::string halfway = exactDecimal(halfwayAbove(value));
+        const std::string mantissa = halfway.substr(0, halfway.find('e')), exponent = halfway.substr(halfway.find('e'));
+        expectSameBits(halfway);
+        expectSameBits(mantissa.substr(0, std::min<std::size_t>(mantissa.size(), 20)) + exponent);
+        expectSameBits(mantissa + "00000000000000000000000001" + exponent);
+    }
+}
+
+TEST_F(DecimalReadings, TheDesktopsDecimalCommaIsNotRead) {
+    const std::string previous = std::setlocale(LC_NUMERIC, nullptr);
+    if (std::setlocale(LC_NUMERIC, "cs_CZ.UTF-8") == nullptr) GTEST_SKIP() << "no Czech locale here";
+    const double read = decimalInCLocale("2.5");
+    std::setlocale(LC_NUMERIC, previous.c_str());
+    EXPECT_EQ(read, 2.5);
+}
+#endif
 
 TEST(TextEncoding, WindowsBytesAndUtf8ConvertBothWays) {
     EXPECT_EQ(cp1250ToUtf8("Beru\x9Aka\x80\x81"), "Beruška€\xC2\x81");  // undefined codes keep their value
