@@ -6,7 +6,6 @@
 #include <emscripten/val.h>
 
 #include "model/replay_loader.h"
-#include "model/reporter.h"
 #include "model/text_encoding.h"
 #include "model/world_state.h"
 
@@ -19,10 +18,9 @@ using namespace trelvin;
 // { loaded, eventCount, messages }, the messages being the loader's.
 val loadReplay(const std::string& bytes) {
     WorldState world;
-    RecordingReporter reporter;
-    LoadReplayFromBytes(world, bytes, reporter);
+    const LoadOutcome loaded = LoadReplayFromBytes(world, bytes);
     val messages = val::array();
-    for (const std::string& text : reporter.texts) messages.call<void>("push", cp1250ToUtf8(text));
+    if (!loaded.succeeded()) messages.call<void>("push", cp1250ToUtf8(loaded.failure));
     val result = val::object();
     result.set("loaded", world.loaded);
     result.set("eventCount", world.eventCount);
