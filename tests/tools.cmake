@@ -20,3 +20,10 @@ target_link_libraries(dump_csv_tests PRIVATE trelvin_core GTest::gtest_main nloh
 target_compile_definitions(dump_csv_tests PRIVATE TRELVIN_DUMP="$<TARGET_FILE:trelvin-dump>")
 add_dependencies(dump_csv_tests trelvin-dump)
 gtest_discover_tests(dump_csv_tests TEST_PREFIX "dump_csv_tests." DISCOVERY_TIMEOUT 30 PROPERTIES TIMEOUT 120)
+# A map wider than the column names reach is refused with the usage, not ended by a failure.
+if(TARGET trelvin-generate)
+  add_test(NAME generate_unnameable_columns COMMAND ${CMAKE_COMMAND} "-DCOMMAND=$<TARGET_FILE:trelvin-generate>;255;3;2;100"
+           -DSTATUS=2 -DEXPECTED=usage: -P ${CMAKE_CURRENT_SOURCE_DIR}/tools/exits_with.cmake)
+endif()
+add_test(NAME include_floors COMMAND ${CMAKE_COMMAND} -DSOURCE_DIR=${PROJECT_SOURCE_DIR}
+         -P ${CMAKE_CURRENT_SOURCE_DIR}/tools/include_floors.cmake)
