@@ -61,7 +61,7 @@ MoveResult ReplayCursor::last(MoveWatcher* watcher) {
 
 MoveResult ReplayCursor::jumpTo(int target, MoveWatcher* watcher) {
     MoveResult result;
-    position_ = std::clamp(target, 1, std::max<int>(world_.eventCount, 1));
+    position_ = std::clamp(target, 1, std::max(actionsRead(), 1));
     rebuild(position_, false, watcher, result);
     settle(watcher);
     return result;

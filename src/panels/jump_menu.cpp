@@ -39,10 +39,10 @@ JumpMenu::JumpMenu(ReplaySession& session, QWidget* parent)
     };
     for (const auto& [action, target] : jumps)
         connect(action, &QAction::triggered, this, [this, target] { jumpToNearest(target.first, target.second); });
-    connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
+    connect(&session, &ReplaySession::opened, this, [this] {
         for (QAction* action : {jumpToAction, previousAttack, nextAttack, previousCapture, nextCapture,
                                 previousFailure, nextFailure})
-            action->setEnabled(eventCount > 0);
+            action->setEnabled(session_.actionsRead() > 0);
     });
 }
 
@@ -57,8 +57,8 @@ void JumpMenu::jumpToNearest(EventKind kind, bool forward) {
 }
 
 void JumpMenu::askForJump() {
-    if (session_.position() < 1 || session_.eventCount() < 1) return;
-    JumpPrompt prompt(session_.eventCount(), session_.position(), parentWidget());
+    if (session_.position() < 1 || session_.actionsRead() < 1) return;
+    JumpPrompt prompt(session_.actionsRead(), session_.position(), parentWidget());
     if (prompt.exec() == QDialog::Accepted) session_.jumpTo(prompt.chosen());
 }
 

@@ -30,7 +30,7 @@ ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, Mess
 }
 
 void ExportCommands::followSession() {
-    const bool open = session_.position() >= 1 && session_.eventCount() >= 1;
+    const bool open = session_.position() >= 1 && session_.actionsRead() >= 1;
     pictureAction->setEnabled(open);
     animationAction->setEnabled(open);
 }

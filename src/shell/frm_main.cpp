@@ -165,7 +165,7 @@ void frmMain::buildFindingAids() {
 void frmMain::showJumpStatus(int position, const QStringList& messages) {
     QString status = QStringLiteral("Akce %1").arg(position);
     if (!messages.isEmpty())
-        status += QStringLiteral(": pri opakovani akci %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
+        status += QStringLiteral(": %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
     statusBar()->showMessage(status);
 }
 

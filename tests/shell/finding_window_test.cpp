@@ -75,7 +75,7 @@ private slots:
         w.mnuPrejit->previousFailure->trigger();  // re-applies the failing move
         QCOMPARE(at(), 5);
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join('|')));
-        QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: pri opakovani akci 1 hlaseni, posledni: Chyba pri provadeni tahu"),
+        QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: 1 hlaseni, posledni: Chyba pri provadeni tahu"),
                  qPrintable(w.statusBar()->currentMessage()));
     }
 
@@ -85,7 +85,7 @@ private slots:
         frmMain& w = *t.window;
         const auto status = [&w] { return w.statusBar()->currentMessage(); };
         w.session().jumpTo(6);
-        QVERIFY2(status().startsWith("Akce 6: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        QVERIFY2(status().startsWith("Akce 6: 1 hlaseni"), qPrintable(status()));
         t.controls.cmdForw_Click();
         QCOMPARE(status(), QString());
         w.mnuPrejit->nextCapture->trigger();  // none after the last: said, until the next move

@@ -5,7 +5,11 @@
 #include <thread>
 
 #include "panels/description_strip.h"
+#include "replay_generator.h"
+#include "shell/slow_task_dialog.h"
 #include "shell/window_fixture.h"
+#include "panels/jump_menu.h"
+#include "widgets/timeline.h"
 
 using namespace trelvin::testing;
 
@@ -106,6 +110,54 @@ private slots:
         cancel.stop();
         QVERIFY(dialogSeen);
         QVERIFY2(t.messages.texts.value(0).endsWith("nacitani bylo preruseno"), qPrintable(t.messages.texts.join(" | ")));
+    }
+
+    // After a failed open the step buttons keep the count of the replay before, as they are made to;
+    // End then has a box for every action the list lacks, and the progress dialog's Cancel ends it
+    // where it is. The list, the timeline and the jumps offer only what was read, and say the load
+    // failed.
+    void aFailedOpenLeavesNoTrap() {
+        Window t;
+        t.window->show();
+        t.open("velky.trp", trelvin::GenerateReplay(trelvin::GeneratorOptions{}));
+        t.open("prazdny.trp", "");
+        QCOMPARE(t.window->session().eventCount(), 32767);
+        QCOMPARE(t.window->session().actionsRead(), 0);
+        const QList<QLabel*> notes = t.window->findChildren<QLabel*>("failedLoadNote");
+        QCOMPARE(notes.size(), 3);  // the list's, the timeline's and the charts'
+        for (const QLabel* note : notes) QVERIFY2(note->text().contains("nepodarilo nacist"), qPrintable(note->text()));
+        QVERIFY(!t.window->findChild<trelvin::Timeline*>()->isEnabled());
+        QVERIFY(!t.window->mnuPrejit->jumpToAction->isEnabled());
+
+        t.messages.texts.clear();
+        QElapsedTimer sinceCancel;
+        int boxesAfterCancel = 0;
+        t.messages.whileShown = [&] {
+            if (sinceCancel.isValid()) ++boxesAfterCancel;
+            if (t.messages.texts.size() == 1) QTest::qWait(2 * trelvin::SlowTaskDialog::kDelayMilliseconds);
+            auto* progress = t.window->findChild<QProgressDialog*>();
+            if (progress && progress->isVisible() && !sinceCancel.isValid()) {
+                progress->cancel();
+                sinceCancel.start();
+            }
+        };
+        t.controls.cmdEnd->click();
+        QVERIFY(sinceCancel.isValid());
+        QVERIFY2(sinceCancel.elapsed() < 1000, qPrintable(QString::number(sinceCancel.elapsed())));
+        QVERIFY2(boxesAfterCancel <= 1, qPrintable(QString::number(boxesAfterCancel)));
+        QVERIFY(t.window->session().position() < 10);
+
+        // A real box is modal to the window alone: the progress dialog beside it keeps its Cancel.
+        trelvin::MessageBoxService boxes(t.window.get());
+        Qt::WindowModality modality = Qt::NonModal;
+        QTimer::singleShot(0, [&] {
+            if (QWidget* box = QApplication::activeModalWidget()) {
+                modality = box->windowModality();
+                box->close();
+            }
+        });
+        boxes.showMessage(QStringLiteral("Chyba pri provadeni tahu - zkouska"));
+        QCOMPARE(modality, Qt::WindowModal);
     }
 
     // Every open rebuilds the same grid and keeps the same number of child objects, which a
