@@ -76,7 +76,8 @@ private:
     void restore(const Keyframe& keyframe);
     void apply(int event, MoveWatcher* watcher, MoveResult& result, bool tell = true);
     void report(const EventReport& report, MoveWatcher* watcher, MoveResult& result);
-    // The end of every move: the watcher hears the position, the map is redrawn.
+    // The end of a move that sets the position once its actions are applied: the watcher hears
+    // it, then the map is redrawn.
     void settle(MoveWatcher* watcher);
     void redraw();
     bool tookHeadquartersAt(int event) const;
