@@ -4,7 +4,6 @@
 // hundred opens in a row, whose leaks are the sanitizer build's to find.
 #include <thread>
 
-#include "panels/description_strip.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -44,7 +43,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         QFETCH(QStringList, expected);
         Window t;
-        frmMain& w = *t.window;
+        const trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
         t.open(t.write("hostile.trp", bytes));
         const QStringList& texts = t.messages.texts;
         QVERIFY2(texts.size() == expected.size(), qPrintable(texts.join(" | ")));
@@ -54,16 +53,16 @@ private slots:
         t.controls.cmdForw_Click();
         t.controls.cmdEnd_Click();
         t.controls.cmdBack_Click();
-        w.Frame2->o_Click(1);
-        w.Frame1->txtPolicko->setText("A0");
-        if (w.grid->fieldCount() > 0) w.Frame1->m_Click(w.grid->fieldCount());
+        t.find<trelvin::ViewModePanel>("Frame2").o_Click(1);
+        t.find<QLineEdit>("txtPolicko").setText("A0");
+        if (grid.fieldCount() > 0) t.find<trelvin::FieldPanel>("Frame1").m_Click(grid.fieldCount());
         for (const QString& text : texts) QVERIFY2(text.startsWith(kEventFailed), qPrintable(text));
 
         t.messages.texts.clear();
         t.open(kAlfaPath);
         QVERIFY2(texts.isEmpty(), qPrintable(texts.join(" | ")));
-        QCOMPARE(w.strip->lblTah->text(), QString("1 (7)"));
-        QCOMPARE(w.grid->fieldCount(), 6);
+        QCOMPARE(t.find<QLabel>("lblTah").text(), QString("1 (7)"));
+        QCOMPARE(grid.fieldCount(), 6);
     }
 
     // A load that takes long shows a progress dialog named after the file, and its Cancel
@@ -96,7 +95,7 @@ private slots:
         bool dialogSeen = false;
         QTimer cancel;
         QObject::connect(&cancel, &QTimer::timeout, [&] {
-            if (auto* dialog = t.window->findChild<QProgressDialog*>(); dialog && dialog->isVisible()) {
+            if (auto* dialog = t.window->findChild<QProgressDialog*>("slowTaskDialog"); dialog && dialog->isVisible()) {
                 dialogSeen = dialog->labelText().contains("hostile.trp");
                 dialog->cancel();
             }
@@ -116,12 +115,13 @@ private slots:
         Window t;
         t.window->show();
         QVERIFY(QTest::qWaitForWindowExposed(t.window.get()));
+        const trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
         qsizetype children = 0;
         for (int open = 0; open < 100; ++open) {
             const auto& [path, fieldsAndLabels, events] = replays[open % 2];
             t.open(path);
             QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
-            QCOMPARE(std::pair(t.window->grid->fieldCount(), t.window->grid->layout().labelCount()), fieldsAndLabels);
+            QCOMPARE(std::pair(grid.fieldCount(), grid.layout().labelCount()), fieldsAndLabels);
             QCOMPARE(t.applies([&] { t.controls.cmdEnd_Click(); }), Range(1, events));
             t.controls.cmdBegin_Click();
             QCoreApplication::processEvents();
