@@ -37,6 +37,9 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
       saveCsv(new QPushButton(QStringLiteral("Ulozit jako CSV..."), this)),
       chart(new CourseChart(this)),
       session_(session) {
+    quantity->setObjectName(QStringLiteral("quantity"));
+    saveCsv->setObjectName(QStringLiteral("saveCsv"));
+    chart->setObjectName(QStringLiteral("chart"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4, 2, 4, 2);
     column->setSpacing(2);

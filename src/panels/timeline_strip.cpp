@@ -21,6 +21,9 @@ TimelineStrip::TimelineStrip(ReplaySession& session, QWidget* parent) : QWidget(
     timeline = new Timeline(this);
     lblPosition = new QLabel(QStringLiteral("0"), this);
     lblTime = new QLabel(this);
+    timeline->setObjectName(QStringLiteral("timeline"));
+    lblPosition->setObjectName(QStringLiteral("lblPosition"));
+    lblTime->setObjectName(QStringLiteral("lblTime"));
     // Wide enough for the largest position and count, and for a long date and time.
     lblPosition->setMinimumWidth(lblPosition->fontMetrics().horizontalAdvance(QStringLiteral("32767 (32767)")) + 8);
     lblPosition->setAlignment(Qt::AlignCenter);
