@@ -9,6 +9,7 @@
 #include <QLegendMarker>
 #include <QLineSeries>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QScatterSeries>
 #include <QToolTip>
 #include <QValueAxis>
@@ -121,17 +122,22 @@ void CourseChart::rebuild() {
     if (interval >= axisX_->tickInterval()) axisX_->setTickInterval(interval);
     axisX_->setRange(1, std::max(eventCount_, 2));
     axisX_->setTickInterval(interval);
-    for (int place = 1; place <= players; ++place) addPlayer(place);
+    // No line needs more points than the screen has pixel columns, however wide the chart grows.
+    const int columns = std::max(1, int(std::ceil(screen()->size().width() * devicePixelRatioF())));
+    // The series are filled last, on their final axes: each drawn once, not at every axis change.
+    std::vector<std::pair<QXYSeries*, QList<QPointF>>> filling;
+    for (int place = 1; place <= players; ++place) addPlayer(place, columns, filling);
     fitValues();
+    for (auto& [series, points] : filling) series->replace(points);
     placeMarker();
 }
 
-void CourseChart::addPlayer(int place) {
+void CourseChart::addPlayer(int place, int columns, std::vector<std::pair<QXYSeries*, QList<QPointF>>>& filling) {
     const QColor color = PlayerColor(place);
     std::vector<QAbstractSeries*>& series = seriesOf_[std::size_t(place - 1)];
     Range& range = ranges_[std::size_t(place - 1)];
-    const auto add = [&](QXYSeries* added, const QList<QPointF>& points) {
-        added->replace(points);
+    const auto add = [&](QXYSeries* added, QList<QPointF> points) {
+        filling.emplace_back(added, std::move(points));
         chart()->addSeries(added);
         added->attachAxis(axisX_);
         added->attachAxis(axisY_);
@@ -140,9 +146,10 @@ void CourseChart::addPlayer(int place) {
     QList<QPointF> ends;
     const std::vector<CourseLine> lines = CourseLinesOf(history_->series, place, quantity_, eventCount_);
     for (const CourseLine& line : lines) {
+        const std::vector<CoursePoint> fitted = FitToColumns(line.points, eventCount_, columns);
         QList<QPointF> points;
-        points.reserve(qsizetype(line.points.size()));
-        for (const CoursePoint& point : line.points) {
+        points.reserve(qsizetype(fitted.size()));
+        for (const CoursePoint& point : fitted) {
             points.append(QPointF(point.event, point.value));
             range = {std::min<qint64>(range.low, point.value), std::max<qint64>(range.high, point.value)};
         }

@@ -5,6 +5,7 @@
 // the plot asks for the action under the mouse; resting the mouse there tells the action's date
 // and time and every shown player's value at it.
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <QChartView>
@@ -12,6 +13,7 @@
 #include "history/replay_history.h"
 
 class QAbstractSeries;
+class QXYSeries;
 class QGraphicsLineItem;
 class QLegendMarker;
 class QValueAxis;
@@ -61,7 +63,9 @@ private:
     };
 
     void rebuild();
-    void addPlayer(int place);
+    // The series of player `place`, each line with no more points than `columns` pixel columns
+    // need; their points are added to `filling`, for the series to take once the axes are set.
+    void addPlayer(int place, int columns, std::vector<std::pair<QXYSeries*, QList<QPointF>>>& filling);
     void showShown(int place);
     void fitValues();
     void placeMarker();
