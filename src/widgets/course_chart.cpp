@@ -11,13 +11,13 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QScatterSeries>
-#include <QToolTip>
 #include <QValueAxis>
 
 #include "bridge/core_text.h"
 #include "bridge/date_text.h"
 #include "display/course_texts.h"
 #include "history/course_lines.h"
+#include "widgets/hover_note.h"
 #include "widgets/player_colors.h"
 
 namespace trelvin {
@@ -38,6 +38,9 @@ double tickInterval(int eventCount) {
     return 10 * magnitude;
 }
 
+// The characters of a value's label, its sign included.
+int digitsOf(qint64 value) { return int(QString::number(value).size()); }
+
 QColor withAlpha(QColor color, qreal alpha) {
     color.setAlphaF(float(alpha));
     return color;
@@ -47,7 +50,7 @@ QColor withAlpha(QColor color, qreal alpha) {
 
 // Given its chart from the start: a chart set later would leave the view's first one behind.
 CourseChart::CourseChart(QWidget* parent)
-    : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis) {
+    : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis), hover_(new HoverNote(this)) {
     QChart* chart = this->chart();
     chart->setMargins(QMargins(2, 2, 2, 2));
     chart->setBackgroundRoundness(0);
@@ -63,6 +66,8 @@ CourseChart::CourseChart(QWidget* parent)
     QFont small = font();
     small.setPointSizeF(std::max(6.0, small.pointSizeF() - 2));
     chart->legend()->setFont(small);
+    // A name the legend has to cut is whole in the entry's tooltip.
+    chart->legend()->setShowToolTips(true);
     axisX_->setLabelsFont(small);
     axisY_->setLabelsFont(small);
     setRenderHint(QPainter::Antialiasing);
@@ -79,6 +84,12 @@ void CourseChart::showReplay(const ReplayHistory& history, int eventCount) {
     history_ = &history;
     eventCount_ = std::min({eventCount, history.log.size(), history.series.eventCount()});
     hidden_.assign(std::size_t(history.series.placeCount()), false);
+    valueDigits_ = 1;
+    for (int place = 1; place <= history.series.placeCount(); ++place)
+        for (const PlayerSeries::Change& change : history.series.changesOf(place))
+            for (const QuantityChoice& choice : kQuantityChoices)
+                // Twice the value: its axis may round up that far.
+                valueDigits_ = std::max(valueDigits_, digitsOf(2 * qint64(change.standing.value(choice.quantity))));
     chart()->setTitle(history.series.complete() ? QString() : FromUtf8(ChartsMissingText()));
     rebuild();
 }
@@ -109,6 +120,7 @@ const std::vector<QAbstractSeries*>& CourseChart::seriesOf(int place) const {
 }
 
 void CourseChart::rebuild() {
+    hover_->hide();
     chart()->removeAllSeries();
     const bool charted = history_ && eventCount_ >= 1 && history_->series.complete();
     const int players = charted ? history_->series.placeCount() : 0;
@@ -205,6 +217,10 @@ void CourseChart::fitValues() {
     }
     axisY_->setRange(double(low), double(high));
     axisY_->applyNiceNumbers();
+    // The values' labels as wide in every quantity, so the plot keeps its place: the widest one
+    // any quantity can have, narrower ones led by figure spaces (a digit's width).
+    const int digits = std::max(digitsOf(qint64(axisY_->min())), digitsOf(qint64(axisY_->max())));
+    axisY_->setLabelFormat(QString(std::max(0, valueDigits_ - digits), QChar(0x2007)) + QStringLiteral("%i"));
 }
 
 void CourseChart::placeMarker() {
@@ -268,9 +284,19 @@ void CourseChart::mouseMoveEvent(QMouseEvent* event) {
     QChartView::mouseMoveEvent(event);
     const QPoint at = event->position().toPoint();
     if (eventCount_ >= 1 && overPlot(at))
-        QToolTip::showText(event->globalPosition().toPoint(), hoverText(eventAt(at.x())), viewport());
+        hover_->showAt(event->globalPosition().toPoint(), hoverText(eventAt(at.x())));
     else
-        QToolTip::hideText();
+        hover_->hide();
+}
+
+bool CourseChart::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) hover_->hide();
+    return QChartView::viewportEvent(event);
+}
+
+void CourseChart::hideEvent(QHideEvent* event) {
+    hover_->hide();
+    QChartView::hideEvent(event);
 }
 
 }  // namespace trelvin

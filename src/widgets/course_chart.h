@@ -20,6 +20,8 @@ class QValueAxis;
 
 namespace trelvin {
 
+class HoverNote;
+
 class CourseChart : public QChartView {
     Q_OBJECT
 
@@ -55,6 +57,8 @@ signals:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     struct Range {
@@ -79,9 +83,11 @@ private:
     std::vector<std::vector<QAbstractSeries*>> seriesOf_;  // by place - 1
     std::vector<QLegendMarker*> legendOf_;              // by place - 1
     std::vector<Range> ranges_;                         // by place - 1; empty range when uncharted
+    int valueDigits_ = 1;  // the widest value label of any quantity, in characters
     QValueAxis* axisX_;
     QValueAxis* axisY_;
     QGraphicsLineItem* marker_;
+    HoverNote* hover_;  // what resting the pointer over the plot tells
 };
 
 }  // namespace trelvin

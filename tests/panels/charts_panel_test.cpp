@@ -11,7 +11,9 @@
 #include "history/player_csv.h"
 #include "panels/charts_panel.h"
 #include "widgets/course_chart.h"
+#include "widgets/hover_note.h"
 #include "widgets/player_colors.h"
+#include "shell/window_fixture.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;
@@ -91,14 +93,45 @@ private slots:
         QCOMPARE(s.t.session.position(), last);
     }
 
+    // The hover text stays while the pointer rests, follows it, and goes when it leaves.
     void restingThePointerTellsTheActionAndEveryShownPlayersValue() {
         Shown s;
         const QPoint centre = PlotCentre(s.chart);
         const int event = s.chart.eventAt(centre.x());
         QTest::mouseMove(s.chart.viewport(), centre);
-        QTRY_VERIFY(QToolTip::isVisible());
-        QCOMPARE(QToolTip::text(), s.chart.hoverText(event));
+        auto& note = Find<trelvin::HoverNote>(s.chart, "hoverNote");
+        QTRY_VERIFY(note.isVisible());
+        QCOMPARE(note.text(), s.chart.hoverText(event));
         QVERIFY(s.chart.hoverText(event).contains(QString("Akce %1").arg(event)));
+        // Where a tooltip would have gone, and the view hidden its own at the rest.
+        QTest::qWait(1500);
+        QHelpEvent rest(QEvent::ToolTip, centre, s.chart.viewport()->mapToGlobal(centre));
+        QApplication::sendEvent(s.chart.viewport(), &rest);
+        QVERIFY(note.isVisible());
+        QCOMPARE(note.text(), s.chart.hoverText(event));
+        const QPoint left = note.pos();
+        const QPoint further = centre + QPoint(60, 0);
+        QTest::mouseMove(s.chart.viewport(), further);
+        QTRY_COMPARE(note.text(), s.chart.hoverText(s.chart.eventAt(further.x())));
+        QVERIFY(note.pos().x() > left.x());
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(s.chart.viewport(), &leave);
+        QVERIFY(!note.isVisible());
+    }
+
+    // Whatever the quantity's values, the plot keeps its place; a name the legend cuts is whole
+    // in the entry's tooltip.
+    void thePlotKeepsItsPlaceAcrossTheQuantities() {
+        Shown s;
+        QVERIFY(s.chart.chart()->legend()->showToolTips());
+        QSet<int> lefts;
+        for (int index = 0; index < s.panel.quantity->count(); ++index) {
+            s.panel.quantity->setCurrentIndex(index);
+            QApplication::processEvents();
+            lefts << qRound(s.chart.chart()->plotArea().left());
+        }
+        QVERIFY2(lefts.size() == 1 || (lefts.size() == 2 && std::abs(*lefts.begin() - *std::next(lefts.begin())) <= 1),
+                 qPrintable(QString::number(lefts.size())));
     }
 
     void thePositionsLineFollowsStepsJumpsAndTheSlideShow() {
