@@ -143,6 +143,8 @@ void HelpMenu::showKeys() {
     const int width = table->horizontalHeader()->length() + 4 + table->fontMetrics().averageCharWidth() * 4;
     table->setMinimumSize(width, rowsHeight);
     dialog->show();
+    // Where the platform gives a new window the keyboard all the same, the main window takes it back.
+    parentWidget()->activateWindow();
 }
 
 void HelpMenu::showAbout() {

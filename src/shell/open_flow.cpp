@@ -64,8 +64,8 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
         session_->disableStop();
     } catch (const std::exception& failure) {
         services_.messages.showMessage(trelvin::FromCore(failure.what()));
-        // A map the grid cannot hold: the views offer nothing of the replay, and say so.
-        if (opened) session_->refuseMap();
+        // A replay read whole whose map the grid cannot hold: the views offer nothing of it, and say so.
+        if (opened && session_->loadFailure().isEmpty()) session_->refuseMap();
     }
 }
 

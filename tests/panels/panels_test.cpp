@@ -313,9 +313,10 @@ private slots:
             for (const trelvin::MarkGroup& group : groups) {
                 failures += group.count;
                 if (group.count < 2) continue;
-                for (const int x : {group.left, group.right, group.labelLeft + group.labelWidth / 2}) {
+                for (const int x : {group.left, group.right, group.labelWidth > 0 ? group.labelLeft + group.labelWidth / 2 : group.left}) {
                     const QString hover = timeline.hoverText(x);
-                    QVERIFY2(hover.contains(QString(" %1 akci s chybou").arg(group.count)), qPrintable(hover));
+                    QVERIFY2(hover.contains(QString(" %1 akci s chybou").arg(group.count)),
+                             qPrintable(hover + QString(" | x %1 group %2-%3 count %4 span %5").arg(x).arg(group.left).arg(group.right).arg(group.count).arg(span)));
                 }
                 if (group.labelWidth > 0) labelled << QString::fromStdString(group.label);
                 // A count lies clear of every mark and every other count.
