@@ -38,9 +38,6 @@ double tickInterval(int eventCount) {
     return 10 * magnitude;
 }
 
-// The characters of a value's label, its sign included.
-int digitsOf(qint64 value) { return int(QString::number(value).size()); }
-
 QColor withAlpha(QColor color, qreal alpha) {
     color.setAlphaF(float(alpha));
     return color;
@@ -84,12 +81,6 @@ void CourseChart::showReplay(const ReplayHistory& history, int eventCount) {
     history_ = &history;
     eventCount_ = std::min({eventCount, history.log.size(), history.series.eventCount()});
     hidden_.assign(std::size_t(history.series.placeCount()), false);
-    valueDigits_ = 1;
-    for (int place = 1; place <= history.series.placeCount(); ++place)
-        for (const PlayerSeries::Change& change : history.series.changesOf(place))
-            for (const QuantityChoice& choice : kQuantityChoices)
-                // Twice the value: its axis may round up that far.
-                valueDigits_ = std::max(valueDigits_, digitsOf(2 * qint64(change.standing.value(choice.quantity))));
     chart()->setTitle(history.series.complete() ? QString() : FromUtf8(ChartsMissingText()));
     rebuild();
 }
@@ -217,10 +208,6 @@ void CourseChart::fitValues() {
     }
     axisY_->setRange(double(low), double(high));
     axisY_->applyNiceNumbers();
-    // The values' labels as wide in every quantity, so the plot keeps its place: the widest one
-    // any quantity can have, narrower ones led by figure spaces (a digit's width).
-    const int digits = std::max(digitsOf(qint64(axisY_->min())), digitsOf(qint64(axisY_->max())));
-    axisY_->setLabelFormat(QString(std::max(0, valueDigits_ - digits), QChar(0x2007)) + QStringLiteral("%i"));
 }
 
 void CourseChart::placeMarker() {

@@ -83,7 +83,6 @@ private:
     std::vector<std::vector<QAbstractSeries*>> seriesOf_;  // by place - 1
     std::vector<QLegendMarker*> legendOf_;              // by place - 1
     std::vector<Range> ranges_;                         // by place - 1; empty range when uncharted
-    int valueDigits_ = 1;  // the widest value label of any quantity, in characters
     QValueAxis* axisX_;
     QValueAxis* axisY_;
     QGraphicsLineItem* marker_;

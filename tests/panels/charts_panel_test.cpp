@@ -119,22 +119,6 @@ private slots:
         QVERIFY(!note.isVisible());
     }
 
-    // Whatever the quantity's values, the plot keeps its place; a name the legend cuts is whole
-    // in the entry's tooltip.
-    void thePlotKeepsItsPlaceAcrossTheQuantities() {
-        Shown s;
-        QVERIFY(s.chart.chart()->legend()->showToolTips());
-        std::vector<qreal> lefts;
-        for (int index = 0; index < s.panel.quantity->count(); ++index) {
-            s.panel.quantity->setCurrentIndex(index);
-            QApplication::processEvents();
-            lefts.push_back(s.chart.chart()->plotArea().left());
-        }
-        // A figure space may be a little narrower or wider than a digit.
-        const auto [least, most] = std::minmax_element(lefts.begin(), lefts.end());
-        QVERIFY2(*most - *least <= 2, qPrintable(QString("%1 to %2").arg(*least).arg(*most)));
-    }
-
     void theCsvIsWrittenWholeOrNotAtAll() {
         Shown s;
         const QString path = s.t.directory.filePath("bitva.csv");
