@@ -40,5 +40,6 @@ add_library(trelvin_core STATIC
   display/action_filter.cpp
   display/timeline_marks.cpp
   display/course_texts.cpp
+  display/jump_texts.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

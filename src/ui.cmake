@@ -10,6 +10,7 @@ add_library(trelvin_ui STATIC
   widgets/clock_face.cpp
   widgets/player_colors.cpp
   widgets/course_chart.cpp
+  widgets/hover_note.cpp
   widgets/timeline.cpp
   widgets/action_row_delegate.cpp
   widgets/cell_text.cpp
@@ -24,6 +25,7 @@ add_library(trelvin_ui STATIC
   export/map_export.cpp
   export/export_command_line.cpp
   export/whole_file.cpp
+  export/system_error_text.cpp
   session/replay_session.cpp
   panels/playback_commands.cpp
   panels/playback_controls.cpp

@@ -135,7 +135,7 @@ void ReplayCursor::reachQuietly(int event, MoveResult& result) {
 }
 
 void ReplayCursor::restore(const Keyframe& keyframe) {
-    Keyframes::Restore(keyframe, world_);
+    history_.keyframes.restore(keyframe, world_);
     lastApplied_ = 0;  // the keyframe's own action was applied in the pass alone
 }
 

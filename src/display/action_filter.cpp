@@ -68,9 +68,15 @@ ActionSearch::ActionSearch(std::string_view text) {
 }
 
 std::string ActionSearch::Folded(std::string_view text) {
-    std::string folded(text);
-    for (char& c : folded) c = static_cast<char>(kFolding[static_cast<unsigned char>(c)]);
+    std::string folded;
+    AppendFolded(folded, text);
     return folded;
+}
+
+void ActionSearch::AppendFolded(std::string& into, std::string_view text) {
+    const std::size_t from = into.size();
+    into.append(text);
+    for (std::size_t i = from; i < into.size(); ++i) into[i] = static_cast<char>(kFolding[static_cast<unsigned char>(into[i])]);
 }
 
 bool ActionSearch::matches(std::string_view rowText) const {
@@ -83,27 +89,32 @@ bool ActionSearch::mayMatchFolded(std::string_view foldedRowText) const {
     return namesField_ ? standsAlone(foldedRowText, folded_) : foldedRowText.find(folded_) != std::string_view::npos;
 }
 
-ActionFilter::ActionFilter(const ActionLog* log, const ActionPlayers* players) : log_(log), players_(players) {
-    if (!log_) return;
-    folded_.reserve(std::size_t(log_->size()));
-    for (int i = 1; i <= log_->size(); ++i) folded_.push_back(ActionSearch::Folded(searchText(i)));
-}
+ActionFilter::ActionFilter(const ActionLog* log, const ActionPlayers* players) : log_(log), players_(players) {}
 
-// What a search looks in: the action's keyword, its description and the names it mentions.
 std::string ActionFilter::searchText(int event) const {
     const LoggedEvent& e = log_->event(event);
     return e.keyword + " " + e.description + " " + e.subjects;
+}
+
+void ActionFilter::foldSearchText(int event, std::string& into) const {
+    const LoggedEvent& e = log_->event(event);
+    into.clear();
+    for (const std::string_view part : {std::string_view(e.keyword), std::string_view(" "), std::string_view(e.description),
+                                        std::string_view(" "), std::string_view(e.subjects)})
+        ActionSearch::AppendFolded(into, part);
 }
 
 std::vector<int> ActionFilter::shown(EventKind kind, int player, const ActionSearch& search) const {
     std::vector<int> events;
     if (!log_) return events;
     const bool byPlayer = player != ActionPlayers::kNobody && players_;
+    std::string folded;
     for (int i = 1; i <= log_->size(); ++i) {
         if (!log_->isOfKind(i, kind)) continue;
         if (byPlayer && !players_->concerns(i, player)) continue;
         if (!search.isEmpty()) {
-            if (!search.mayMatchFolded(folded_[std::size_t(i - 1)])) continue;
+            foldSearchText(i, folded);
+            if (!search.mayMatchFolded(folded)) continue;
             // Few rows name a field in any case; their own text tells whether in this one.
             if (search.namesField() && !search.matches(searchText(i))) continue;
         }

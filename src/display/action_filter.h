@@ -27,8 +27,9 @@ public:
     // must then decide.
     bool mayMatchFolded(std::string_view foldedRowText) const;
 
-    // A Windows-1250 text in one case, for searching in any case.
+    // A Windows-1250 text in one case, for searching in any case; and the same added to `into`.
     static std::string Folded(std::string_view text);
+    static void AppendFolded(std::string& into, std::string_view text);
 
 private:
     std::string text_;    // Windows-1250
@@ -37,8 +38,8 @@ private:
     bool namesField_ = false;
 };
 
-// The rows of the list over one replay's log; the texts it searches are made once, when the
-// replay is shown, so that no keystroke of a search waits for them.
+// The rows of the list over one replay's log. A search folds each row's texts to one case as it
+// reads them: a copy of every text folded would double what the log holds.
 class ActionFilter {
 public:
     ActionFilter() = default;
@@ -50,11 +51,12 @@ public:
     std::vector<int> shown(EventKind kind, int player, const ActionSearch& search) const;
 
 private:
+    // What a search looks in: the action's keyword, its description and the names it mentions.
     std::string searchText(int event) const;
+    void foldSearchText(int event, std::string& into) const;
 
     const ActionLog* log_ = nullptr;
     const ActionPlayers* players_ = nullptr;
-    std::vector<std::string> folded_;  // the search text of each action, folded
 };
 
 }  // namespace trelvin

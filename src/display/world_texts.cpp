@@ -22,6 +22,10 @@ std::string FailedLoadText(int actionsRead) {
     return "Replay se nepodarilo nacist: ukazuji " + std::to_string(actionsRead) + " akci nactenych pred chybou";
 }
 
+std::string MapRefusedText() {
+    return "Mapu replaye nelze zobrazit: ma vic nez 109 sloupcu nebo 100 radku, nic z nej se neukazuje";
+}
+
 std::string DescriptionText(const WorldState& world) { return ShownText(world.actionText); }
 
 std::string PositionText(int position, int eventCount) {

@@ -6,6 +6,8 @@
 
 #include <gif_lib.h>
 
+#include "export/system_error_text.h"
+
 namespace trelvin {
 
 namespace {
@@ -59,10 +61,9 @@ GifWriter::~GifWriter() {
 }
 
 void GifWriter::fail(int error) const {
-    const QString reason = device_.errorString();
     throw ExportError(QStringLiteral("Zapis GIF se nepodaril: ") +
-                      (error == E_GIF_ERR_WRITE_FAILED && !reason.isEmpty() ? reason
-                                                                           : QString::fromLatin1(GifErrorString(error))));
+                      (error == E_GIF_ERR_WRITE_FAILED ? SystemErrorText(device_)
+                                                       : QStringLiteral("chyba knihovny GIF %1").arg(error)));
 }
 
 void GifWriter::check(int result) const {

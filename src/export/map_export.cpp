@@ -10,6 +10,7 @@
 #include "bridge/core_text.h"
 #include "export/gif_writer.h"
 #include "export/map_frames.h"
+#include "export/system_error_text.h"
 #include "export/webp_writer.h"
 #include "export/whole_file.h"
 
@@ -24,7 +25,7 @@ public:
     explicit PngWriter(QIODevice& device) : writer_(&device, "png") {}
     void add(const QImage& frame, const QRect&) override {
         const QImage indexed = frame.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither);
-        if (!writer_.write(sameColours(frame, indexed) ? indexed : frame)) throw ExportError(QStringLiteral("Zapis PNG se nepodaril: ") + writer_.errorString());
+        if (!writer_.write(sameColours(frame, indexed) ? indexed : frame)) throw ExportError(QStringLiteral("Zapis PNG se nepodaril: ") + SystemErrorText(*writer_.device()));
     }
     void finish() override {}
 

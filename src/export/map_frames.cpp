@@ -77,6 +77,8 @@ void MapFrames::next() {
     if (bottom >= 0)
         changed_ |= QRect(gridCorner.x() + left * size, gridCorner.y() + top * size, (right - left + 1) * size,
                           (bottom - top + 1) * size);
+    // A small field's marks reach past the map's edge; the frame ends there.
+    changed_ &= mapRect_;
     if (!changed_.isEmpty()) {
         QPainter painter(&image_);
         painter_.paintScene(painter, scene_, options_.labels, palette_, changed_);

@@ -4,6 +4,8 @@
 
 #include <webp/mux.h>
 
+#include "export/system_error_text.h"
+
 namespace trelvin {
 
 WebpWriter::WebpWriter(QIODevice& device, QSize size, int delayMilliseconds)
@@ -77,7 +79,7 @@ void WebpWriter::finish() {
     const auto size = qint64(data.size);
     const qint64 written = device_.write(reinterpret_cast<const char*>(data.bytes), size);
     WebPDataClear(&data);
-    if (written != size) fail(device_.errorString());
+    if (written != size) fail(SystemErrorText(device_));
 }
 
 }  // namespace trelvin

@@ -2,13 +2,15 @@
 
 #include <QFileInfo>
 
+#include "export/system_error_text.h"
+
 namespace trelvin {
 
 QString OpenWhole(QSaveFile& file) {
     const QFileInfo target(file.fileName());
     if (target.exists() && !target.isFile()) return QStringLiteral("%1 neni obycejny soubor").arg(file.fileName());
     if (!file.open(QIODevice::WriteOnly))
-        return QStringLiteral("Soubor %1 nelze zapsat: %2").arg(file.fileName(), file.errorString());
+        return QStringLiteral("Soubor %1 nelze zapsat: %2").arg(file.fileName(), SystemErrorText(file));
     return {};
 }
 
@@ -17,7 +19,7 @@ QString CommitWhole(QSaveFile& file) {
     const bool whole = file.flush() && file.size() == file.pos();
     if (whole && file.commit()) return {};
     return QStringLiteral("Soubor %1 nelze zapsat: %2")
-        .arg(file.fileName(), whole ? file.errorString() : QStringLiteral("na disk se nevesel cely"));
+        .arg(file.fileName(), whole ? SystemErrorText(file) : QStringLiteral("na disk se nevesel cely"));
 }
 
 }  // namespace trelvin

@@ -2,6 +2,7 @@
 // Every event of a replay as applying it once from the first tells: its kind, the first line
 // of its description, the messages it reported and whether a headquarters fell, so the views
 // can list, mark and find events without re-applying anything.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,9 @@ class ActionLog {
 public:
     // Notes event `index`, just applied to `world` in order from the first, and what it did.
     void record(const WorldState& world, int index, const EventOutcome& outcome);
+    // Room for `events` records at once: a list grown step by step would hold two copies of itself
+    // for a moment.
+    void reserve(int events) { events_.reserve(static_cast<std::size_t>(std::max(events, 0))); }
 
     int size() const { return static_cast<int>(events_.size()); }
     // Event `index` (from 1).

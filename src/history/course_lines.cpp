@@ -1,5 +1,7 @@
 #include "history/course_lines.h"
 
+#include <algorithm>
+
 namespace trelvin {
 
 std::vector<CourseLine> CourseLinesOf(const PlayerSeries& series, int place, Quantity quantity, int lastEvent) {
@@ -26,6 +28,30 @@ std::vector<CourseLine> CourseLinesOf(const PlayerSeries& series, int place, Qua
     }
     if (open) open->points.push_back({lastEvent, value});
     return lines;
+}
+
+std::vector<CoursePoint> FitToColumns(const std::vector<CoursePoint>& points, int lastEvent, int columns) {
+    const std::int64_t span = std::max(lastEvent - 1, 1);
+    const auto columnOf = [&](int event) {
+        return std::clamp<std::int64_t>(std::int64_t{event - 1} * columns / span, 0, columns - 1);
+    };
+    std::vector<CoursePoint> fitted;
+    for (auto from = points.begin(); from != points.end();) {
+        const std::int64_t column = columnOf(from->event);
+        const auto to = std::find_if(from, points.end(), [&](const CoursePoint& p) { return columnOf(p.event) != column; });
+        if (to - from <= 4) {
+            fitted.insert(fitted.end(), from, to);
+        } else {
+            const auto [lowest, highest] = std::minmax_element(
+                from, to, [](const CoursePoint& a, const CoursePoint& b) { return a.value < b.value; });
+            fitted.push_back(*from);
+            fitted.push_back(*std::min(lowest, highest));
+            fitted.push_back(*std::max(lowest, highest));
+            fitted.push_back(*(to - 1));
+        }
+        from = to;
+    }
+    return fitted;
 }
 
 }  // namespace trelvin

@@ -23,4 +23,9 @@ struct CourseLine {
 // The lines of player `place` over events 1 .. `lastEvent`.
 std::vector<CourseLine> CourseLinesOf(const PlayerSeries& series, int place, Quantity quantity, int lastEvent);
 
+// What a chart `columns` pixel columns wide over events 1 .. `lastEvent` needs of a line's points:
+// in each column, the first and the last point and the lowest and the highest, in their order, so
+// that no peak is lost; a column of four points or fewer keeps them all.
+std::vector<CoursePoint> FitToColumns(const std::vector<CoursePoint>& points, int lastEvent, int columns);
+
 }  // namespace trelvin

@@ -40,7 +40,11 @@ void Keyframes::record(const WorldState& world, int index, const LoggedEvent& en
     if (index % kSpacing != 0) return;
     Keyframe& frame = frames_.emplace_back();
     frame.event = index;
-    frame.tiles = world.tiles;
+    frame.tiles.reserve(world.tiles.size());
+    std::uint32_t terrain = 0, owner = 0, armyType = 0;  // each column's text found last
+    for (const Tile& tile : world.tiles)
+        frame.tiles.push_back({textIndex(tile.terrain, terrain), textIndex(tile.owner, owner),
+                               textIndex(tile.armyType, armyType), tile.armyCount});
     frame.players = world.players;
     frame.currentTime = world.currentTime;
     frame.actionText = world.actionText;
@@ -56,13 +60,22 @@ const Keyframe* Keyframes::nearest(const WorldState& world, int target) const {
     return after == frames_.begin() ? nullptr : &*(after - 1);
 }
 
-void Keyframes::Restore(const Keyframe& frame, WorldState& world) {
+// Neighbouring fields mostly share their texts: the one found last in the column is tried first.
+std::uint32_t Keyframes::textIndex(const std::string& text, std::uint32_t& last) {
+    if (last < texts_.size() && texts_[last] == text) return last;
+    const auto [found, added] = textIndexes_.try_emplace(text, static_cast<std::uint32_t>(texts_.size()));
+    if (added) texts_.push_back(text);
+    last = found->second;
+    return last;
+}
+
+void Keyframes::restore(const Keyframe& frame, WorldState& world) const {
     for (std::size_t k = 0; k < frame.tiles.size(); ++k) {
         Tile& tile = world.tiles[k];
-        const Tile& kept = frame.tiles[k];
-        tile.terrain = kept.terrain;
-        tile.owner = kept.owner;
-        tile.armyType = kept.armyType;
+        const Keyframe::Field& kept = frame.tiles[k];
+        tile.terrain = texts_[kept.terrain];
+        tile.owner = texts_[kept.owner];
+        tile.armyType = texts_[kept.armyType];
         tile.armyCount = kept.armyCount;
     }
     world.players = frame.players;

@@ -8,6 +8,7 @@ ReplayHistory ReplayHistory::Build(const WorldState& world) {
     ReplayHistory history;
     WorldState scratch = world;
     history.keyframes = Keyframes(scratch);
+    history.log.reserve(scratch.lastEventIndex());
     for (int index = 1; index <= scratch.lastEventIndex(); ++index) {
         history.players.record(scratch, index);
         const EventOutcome outcome = ExecuteEvent(scratch, static_cast<std::int16_t>(index));

@@ -75,6 +75,7 @@ DateTime DateTime::plusSeconds(std::int64_t seconds) const {
 }
 
 DateTime DateTime::fullHour() const { return DateTime(seconds_ - seconds_ % 3600); }
+DateTime DateTime::midnight() const { return DateTime(seconds_ - seconds_ % kSecondsPerDay); }
 
 std::int64_t DateTime::hoursSince(const DateTime& earlier) const {
     return (seconds_ - earlier.seconds_) / 3600;

@@ -30,6 +30,8 @@ public:
 
     // Same time of day cut to the full hour.
     DateTime fullHour() const;
+    // The same day at midnight.
+    DateTime midnight() const;
     // Whole hours from `earlier` to this, both on full hours.
     std::int64_t hoursSince(const DateTime& earlier) const;
 

@@ -9,7 +9,8 @@ ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : Acti
     addNote(new FailedLoadNote(session, this));
     connect(&session, &ReplaySession::replacing, this, [this] { showReplay(nullptr, nullptr); });
     connect(&session, &ReplaySession::opened, this, [this, &session] {
-        showReplay(&session.history().log, &session.history().players);
+        const bool offered = session.actionsRead() > 0 || !session.mapRefused();
+        showReplay(offered ? &session.history().log : nullptr, offered ? &session.history().players : nullptr);
         setPosition(session.position());
     });
     connect(&session, &ReplaySession::positionChanged, this, &ActionList::setPosition);

@@ -104,15 +104,19 @@ QString ChartsPanel::writeCsv(const QString& path) const {
 }
 
 void ChartsPanel::askForCsv() {
-    // Beside the replay where that folder takes files, in the home folder otherwise.
+    // Where the last one went; else beside the replay where that folder takes files, in the home
+    // folder otherwise.
     const QFileInfo replay(session_.fileName());
-    const QString folder = QFileInfo(replay.absolutePath()).isWritable() ? replay.absolutePath() : QDir::homePath();
+    const QString folder = !csvFolder_.isEmpty()                                 ? csvFolder_
+                           : QFileInfo(replay.absolutePath()).isWritable() ? replay.absolutePath()
+                                                                            : QDir::homePath();
     QFileDialog dialog(window(), QStringLiteral("Ulozit jako CSV"), QDir(folder).filePath(replay.completeBaseName() + ".csv"),
                        QStringLiteral("CSV (*.csv)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("csv"));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
     const QString path = dialog.selectedFiles().front();
+    csvFolder_ = QFileInfo(path).absolutePath();
     const QString failure = writeCsv(path);
     if (failure.isEmpty())
         emit csvWritten(path);

@@ -43,6 +43,7 @@ private:
 
     ReplaySession& session_;
     bool chartStale_ = false;
+    QString csvFolder_;  // where the last CSV went, offered again for the rest of the run
 };
 
 }  // namespace trelvin

@@ -48,26 +48,32 @@ QString proposedFolder(const QString& replay) {
 
 }  // namespace
 
-ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool highlighted, Kind kind, QWidget* parent)
+ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool highlighted, Kind kind, QWidget* parent,
+                           const ExportChoices& last)
     : QDialog(parent),
       path(new QLineEdit),
       choose(new QPushButton(QStringLiteral("&Vybrat..."))),
       from(spinBox(1, session.actionsRead(), session.position(), {})),
       to(spinBox(1, session.actionsRead(), session.actionsRead(), {})),
-      delay(spinBox(kShortestDelay, kLongestDelay, kDefaultDelay, QStringLiteral(" ms"))),
+      delay(spinBox(kShortestDelay, kLongestDelay, last.delay, QStringLiteral(" ms"))),
       format(new QComboBox),
       view(new QComboBox),
-      field(spinBox(kSmallestExportField, kLargestExportField, fieldPixels, QStringLiteral(" px"))),
+      field(spinBox(kSmallestExportField, kLargestExportField, last.fieldPixels.value_or(fieldPixels), QStringLiteral(" px"))),
       labels(new QCheckBox(QStringLiteral("Pismena &sloupcu a cisla radku"))),
       caption(new QCheckBox(QStringLiteral("&Popisek pod mapou: akce, datum a cas, popis"))),
       highlight(new QCheckBox(QStringLiteral("Zv&yraznit akci na mape"))),
       summary(new QLabel),
+      problem(new QLabel),
       session_(session),
-      kind_(kind) {
+      kind_(kind),
+      windowFieldPixels_(fieldPixels),
+      windowHighlight_(highlighted),
+      folder_(last.folder) {
     const std::pair<QWidget*, const char*> named[] = {
         {path, "path"},     {choose, "choose"},   {from, "from"},           {to, "to"},
         {delay, "delay"},   {format, "format"},   {view, "view"},           {field, "field"},
         {labels, "labels"}, {caption, "caption"}, {highlight, "highlight"}, {summary, "summary"},
+        {problem, "problem"},
     };
     for (const auto& [widget, name] : named) widget->setObjectName(QString::fromLatin1(name));
     const bool animation = kind == Kind::Animation;
@@ -76,9 +82,14 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
     format->addItem(QStringLiteral("WebP"), int(ExportFormat::WebP));
     // In the order of the option buttons of the ways of viewing.
     view->addItems({QStringLiteral("Jako louka"), QStringLiteral("Jako les"), QStringLiteral("Videt vse")});
-    view->setCurrentIndex(int(session.viewMode()));
-    labels->setChecked(true);
-    highlight->setChecked(highlighted);
+    view->setCurrentIndex(int(last.view.value_or(session.viewMode())));
+    format->setCurrentIndex(format->findData(int(last.format)));
+    labels->setChecked(last.labels);
+    caption->setChecked(last.caption);
+    highlight->setChecked(last.highlight.value_or(highlighted));
+    problem->setStyleSheet(QStringLiteral("color: #b00000"));
+    problem->setWordWrap(true);
+    problem->hide();
 
     auto* form = new QFormLayout(this);
     auto* file = new QHBoxLayout;
@@ -91,6 +102,7 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
     if (animation) {
         form->addRow(QStringLiteral("&Od akce:"), from);
         form->addRow(QStringLiteral("&Do akce:"), to);
+        form->addRow(problem);
         form->addRow(QStringLiteral("Snimek &trva:"), delay);
         form->addRow(QStringLiteral("&Format:"), format);
     } else {
@@ -111,7 +123,7 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
     for (QWidget* hidden : {static_cast<QWidget*>(to), static_cast<QWidget*>(delay), static_cast<QWidget*>(format)})
         hidden->setVisible(animation);
 
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ExportDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(choose, &QPushButton::clicked, this, &ExportDialog::chooseFile);
     connect(path, &QLineEdit::textEdited, this, [this] { nameTyped_ = true; });
@@ -121,15 +133,16 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
         if (typed && *typed != ExportFormat::Png) format->setCurrentIndex(format->findData(int(*typed)));
         refresh();
     });
-    // The two ends of the stretch keep their order.
-    connect(from, &QSpinBox::valueChanged, this, [this](int value) {
-        if (to->value() < value) to->setValue(value);
-        proposeName();
-    });
-    connect(to, &QSpinBox::valueChanged, this, [this](int value) {
-        if (from->value() > value) from->setValue(value);
-        proposeName();
-    });
+    // Neither end of the stretch changes the other while the user types: it is checked once the
+    // user leaves a field of it, or exports.
+    for (QSpinBox* end : {from, to}) {
+        connect(end, &QSpinBox::valueChanged, this, [this] {
+            proposeName();
+            refresh();
+            if (!problem->isHidden()) checkRange();
+        });
+        connect(end, &QSpinBox::editingFinished, this, &ExportDialog::checkRange);
+    }
     connect(format, &QComboBox::currentIndexChanged, this, [this] {
         path->setText(pathWithExtension());
         refresh();
@@ -158,7 +171,7 @@ void ExportDialog::proposeName() {
                                                    : QStringLiteral("%1-%2").arg(from->value()).arg(to->value());
     const QString name = QStringLiteral("%1-akce-%2.%3")
                              .arg(base.isEmpty() ? QStringLiteral("mapa") : base, actions, extensionOf(chosenFormat()));
-    path->setText(QDir(proposedFolder(session_.fileName())).filePath(name));
+    path->setText(QDir(folder_.isEmpty() ? proposedFolder(session_.fileName()) : folder_).filePath(name));
 }
 
 void ExportDialog::chooseFile() {
@@ -176,9 +189,42 @@ void ExportDialog::refresh() {
     const WorldState& world = session_.world();
     const QSize size = FrameSize(world.mapWidth, world.mapHeight, job().picture);
     const QString pixels = QStringLiteral("%1 x %2 bodu").arg(size.width()).arg(size.height());
-    summary->setText(kind_ == Kind::Picture
-                         ? QStringLiteral("Obrazek %1").arg(pixels)
-                         : QStringLiteral("%1 snimku, %2").arg(to->value() - from->value() + 1).arg(pixels));
+    const int frames = to->value() - from->value() + 1;
+    summary->setText(kind_ == Kind::Picture ? QStringLiteral("Obrazek %1").arg(pixels)
+                     : frames >= 1          ? QStringLiteral("%1 snimku, %2").arg(frames).arg(pixels)
+                                            : QStringLiteral("Zadny snimek (Od akce je za Do akce), %1").arg(pixels));
+}
+
+bool ExportDialog::checkRange() {
+    const bool ordered = kind_ == Kind::Picture || from->value() <= to->value();
+    problem->setText(ordered ? QString()
+                             : QStringLiteral("Od akce %1 je za Do akce %2: prvni akce animace nesmi byt za posledni.")
+                                   .arg(from->value())
+                                   .arg(to->value()));
+    problem->setVisible(!ordered);
+    return ordered;
+}
+
+void ExportDialog::accept() {
+    if (!checkRange()) {
+        from->setFocus();
+        return;
+    }
+    QDialog::accept();
+}
+
+ExportChoices ExportDialog::choices() const {
+    ExportChoices kept;
+    kept.folder = QFileInfo(job().path).absolutePath();
+    kept.format = ExportFormat(format->currentData().toInt());
+    kept.delay = delay->value();
+    kept.labels = labels->isChecked();
+    kept.caption = caption->isChecked();
+    // Only what differs from the window is a choice: the rest follows the window next time.
+    if (ViewMode(view->currentIndex()) != session_.viewMode()) kept.view = ViewMode(view->currentIndex());
+    if (field->value() != windowFieldPixels_) kept.fieldPixels = field->value();
+    if (highlight->isChecked() != windowHighlight_) kept.highlight = highlight->isChecked();
+    return kept;
 }
 
 ExportJob ExportDialog::job() const {

@@ -12,8 +12,8 @@ FailedLoadNote::FailedLoadNote(const ReplaySession& session, QWidget* parent) : 
     setWordWrap(true);
     hide();
     connect(&session, &ReplaySession::opened, this, [this, &session] {
-        setVisible(!session.loadFailure().isEmpty());
-        setText(FromUtf8(FailedLoadText(session.actionsRead())));
+        setVisible(!session.loadFailure().isEmpty() || session.mapRefused());
+        setText(FromUtf8(session.mapRefused() ? MapRefusedText() : FailedLoadText(session.actionsRead())));
         setToolTip(session.loadFailure());
     });
 }

@@ -109,11 +109,13 @@ void HelpMenu::showKeys() {
     // One table at a time; F1 again brings it to the front.
     if (auto* open = parentWidget()->findChild<QDialog*>(QStringLiteral("keyTable"))) {
         open->raise();
-        open->activateWindow();
         return;
     }
     const std::vector<KeyRow> rows = keyRows();
-    auto* dialog = new QDialog(parentWidget());
+    // A tool window beside the main one that leaves it the keyboard: the keys it lists keep
+    // working while it is open.
+    auto* dialog = new QDialog(parentWidget(), Qt::Tool);
+    dialog->setAttribute(Qt::WA_ShowWithoutActivating);
     dialog->setObjectName(QStringLiteral("keyTable"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(QStringLiteral("Klavesy"));
@@ -124,12 +126,14 @@ void HelpMenu::showKeys() {
         table->setItem(row, 1, new QTableWidgetItem(rows[std::size_t(row)].does));
     }
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setFocusPolicy(Qt::NoFocus);
     table->verticalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->resizeColumnsToContents();
     table->resizeRowsToContents();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
     buttons->button(QDialogButtonBox::Close)->setText(QStringLiteral("Zavrit"));
+    buttons->button(QDialogButtonBox::Close)->setFocusPolicy(Qt::NoFocus);
     connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::close);
     auto* layout = new QVBoxLayout(dialog);
     layout->addWidget(table);
@@ -139,6 +143,8 @@ void HelpMenu::showKeys() {
     const int width = table->horizontalHeader()->length() + 4 + table->fontMetrics().averageCharWidth() * 4;
     table->setMinimumSize(width, rowsHeight);
     dialog->show();
+    // Where the platform gives a new window the keyboard all the same, the main window takes it back.
+    parentWidget()->activateWindow();
 }
 
 void HelpMenu::showAbout() {

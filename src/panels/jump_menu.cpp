@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QKeySequence>
 
+#include "bridge/core_text.h"
+#include "display/jump_texts.h"
 #include "widgets/jump_prompt.h"
 #include "session/replay_session.h"
 
@@ -50,8 +52,7 @@ JumpMenu::JumpMenu(ReplaySession& session, QWidget* parent)
 void JumpMenu::jumpToNearest(EventKind kind, bool forward) {
     const int found = session_.nearest(kind, forward);
     if (found == 0) {
-        emit nothingFound(forward ? QStringLiteral("Dale uz zadna takova akce neni")
-                                  : QStringLiteral("Drive zadna takova akce nebyla"));
+        emit nothingFound(FromUtf8(NoSuchActionText(kind, forward)));
         return;
     }
     session_.jumpTo(found);

@@ -32,7 +32,12 @@ MapPanel::MapPanel(const ReplaySession& session, QWidget* parent)
     highlightAction->setCheckable(true);
     highlightAction->setChecked(true);
     connect(highlightAction, &QAction::toggled, this, &MapPanel::Zobraz);
-    connect(&session, &ReplaySession::positionChanged, this, &MapPanel::Zobraz);
+    // After a move the view follows the action's marks where they left it.
+    connect(&session, &ReplaySession::positionChanged, this, [this] {
+        Zobraz();
+        if (highlightAction->isChecked()) bringMarksIntoView();
+    });
+    setEmptyText(QStringLiteral("Replay otevrete v nabidce Soubor - Otevrit (Ctrl+O),\nnebo ho pretahnete mysi do okna."));
     connect(&session, &ReplaySession::viewModeChanged, this, &MapPanel::Zobraz);
 }
 

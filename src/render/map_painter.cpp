@@ -25,11 +25,25 @@ constexpr QRgb kCaptureColour = qRgb(210, 0, 0);
 constexpr QRgb kMarkEdgeColour = qRgb(0, 0, 0);
 // On smaller fields the arrow's dark edge would cover more than the arrow.
 constexpr int kSmallestEdgedArrow = 12;
+// A mark keeps this size on smaller fields, drawn around the field's centre, with lines of at
+// least two pixels: one pixel on a field of a few would not be seen.
+constexpr int kSmallestMark = 12;
+constexpr int kThinnestSmallMark = 2;
 
 QRect fieldSquare(int k, int columns, QPoint gridCorner, int size) {
     const int row = (k - 1) / columns, column = (k - 1) % columns;
     return QRect(gridCorner.x() + column * size, gridCorner.y() + row * size, size, size);
 }
+
+// Where a field's mark is drawn: its square, or around it the smallest mark's.
+QRect markSquare(int k, int columns, QPoint gridCorner, int size) {
+    const QRect square = fieldSquare(k, columns, gridCorner, size);
+    if (size >= kSmallestMark) return square;
+    const int grow = (kSmallestMark - size) / 2;
+    return square.adjusted(-grow, -grow, kSmallestMark - size - grow, kSmallestMark - size - grow);
+}
+
+int lineWidth(int size) { return size >= kSmallestMark ? std::max(1, size / 10) : kThinnestSmallMark; }
 
 // A frame of `width` inside the square.
 void outline(QPainter& painter, const QRect& square, int width, QColor colour) {
@@ -149,8 +163,8 @@ void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gri
     const ActionMarks& marks = scene.marks;
     if (marks.empty() || scene.columns <= 0 || !marksRect(scene, gridCorner).intersects(exposed)) return;
     const int size = fieldPixels_;
-    const int width = std::max(1, size / 10);
-    const auto square = [&](int k) { return fieldSquare(k, scene.columns, gridCorner, size); };
+    const int width = lineWidth(size);
+    const auto square = [&](int k) { return markSquare(k, scene.columns, gridCorner, size); };
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const int k : marks.outlined) outline(painter, square(k), width, QColor(kMarkColour));
@@ -167,16 +181,16 @@ void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gri
     }
     // Over the cross, so the attack that took the headquarters still shows where it came from.
     if (marks.arrowFrom != 0 && marks.arrowTo != 0)
-        arrow(painter, square(marks.arrowFrom), square(marks.arrowTo), size, QColor(kMarkColour));
+        arrow(painter, square(marks.arrowFrom), square(marks.arrowTo), std::max(size, kSmallestMark), QColor(kMarkColour));
     painter.restore();
 }
 
 QRect MapPainter::marksRect(const MapScene& scene, QPoint gridCorner) const {
     QRect united;
     if (scene.columns <= 0) return united;
-    for (const int k : scene.marks.outlined) united |= fieldSquare(k, scene.columns, gridCorner, fieldPixels_);
+    for (const int k : scene.marks.outlined) united |= markSquare(k, scene.columns, gridCorner, fieldPixels_);
     if (scene.marks.capturedHeadquarters != 0)
-        united |= fieldSquare(scene.marks.capturedHeadquarters, scene.columns, gridCorner, fieldPixels_);
+        united |= markSquare(scene.marks.capturedHeadquarters, scene.columns, gridCorner, fieldPixels_);
     return united;
 }
 

@@ -70,7 +70,8 @@ public:
     // field, an arrow from field to field and a cross on a captured headquarters. Their edges
     // are never smoothed, so they add no colour but their own, at any size.
     void paintMarks(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) const;
-    // Where the marks are painted: within the squares of the fields they name; empty for none.
+    // Where the marks are painted: within the squares of the fields they name (on fields smaller
+    // than a mark's least size, around them); empty for none.
     QRect marksRect(const MapScene& scene, QPoint gridCorner) const;
     // The colours of the marks, which a picture with them holds besides the pictures' own.
     static std::vector<QRgb> MarkColours();

@@ -43,6 +43,7 @@ LoadResult ReplaySession::open(const QString& path) {
     // No tick may step a replay that is being replaced.
     playback_->halt();
     emit replacing();
+    mapRefused_ = false;
     fileName_ = path;
     OpenResult result;
     {
@@ -56,6 +57,12 @@ LoadResult ReplaySession::open(const QString& path) {
     loadFailure_ = FromCore(result.load.failure);
     emit opened(fileName_, cursor_.eventCount());
     return {loadFailure_};
+}
+
+void ReplaySession::refuseMap() {
+    emit replacing();
+    mapRefused_ = true;
+    emit opened(fileName_, cursor_.eventCount());
 }
 
 void ReplaySession::setMapFields(MapFields fields) { cursor_.setMap(viewMode(), fields); }

@@ -58,8 +58,13 @@ public:
 
     int position() const { return cursor_.position(); }
     int eventCount() const { return cursor_.eventCount(); }
-    // The actions the list, the timeline, the charts and the jumps offer: those the last open read.
-    int actionsRead() const { return history().log.size(); }
+    // The actions the list, the timeline, the charts and the jumps offer: those the last open read,
+    // none when the window could not show its map.
+    int actionsRead() const { return mapRefused_ ? 0 : history().log.size(); }
+    // The window could not show the map of the replay just opened: the views offer nothing of it
+    // and say so, as after a load that read nothing.
+    void refuseMap();
+    bool mapRefused() const { return mapRefused_; }
     // What the last open's load reported; empty when it loaded.
     const QString& loadFailure() const { return loadFailure_; }
     bool atBegin() const;
@@ -128,6 +133,7 @@ private:
     ReplayCursor cursor_;
     QString fileName_;
     QString loadFailure_;
+    bool mapRefused_ = false;
     Playback* playback_;
 };
 

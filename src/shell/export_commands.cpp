@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QKeySequence>
 
-#include "panels/export_dialog.h"
 #include "panels/map_panel.h"
 #include "shell/message_service.h"
 
@@ -40,10 +39,13 @@ void ExportCommands::followSession() {
 void ExportCommands::ask(bool animation) {
     // The current action the dialog offers must stay current while it is open.
     if (session_.isPlaying()) session_.stop();
+    ExportChoices& choices = animation ? animationChoices_ : pictureChoices_;
     ExportDialog dialog(session_, map_.fieldPixels(), map_.highlightAction->isChecked(),
-                        animation ? ExportDialog::Kind::Animation : ExportDialog::Kind::Picture, window_);
+                        animation ? ExportDialog::Kind::Animation : ExportDialog::Kind::Picture, window_, choices);
     dialog.setObjectName(QStringLiteral("exportDialog"));
-    if (dialog.exec() == QDialog::Accepted) run(dialog.job());
+    if (dialog.exec() != QDialog::Accepted) return;
+    choices = dialog.choices();
+    run(dialog.job());
 }
 
 ExportOutcome ExportCommands::run(ExportJob job) {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "export/map_export.h"
+#include "panels/export_dialog.h"
 #include "session/replay_session.h"
 
 class QAction;
@@ -42,6 +43,9 @@ private:
     MessageService& messages_;
     ProgressShower progress_;
     QWidget* window_;
+    // What each dialog was left with, offered again for the rest of the run.
+    ExportChoices pictureChoices_;
+    ExportChoices animationChoices_;
 };
 
 }  // namespace trelvin

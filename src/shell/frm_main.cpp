@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QKeySequence>
+#include <QLabel>
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -171,6 +172,15 @@ void frmMain::buildFindingAids() {
     showList->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     mnuPrejit->addAction(showList);
     statusBar()->setSizeGripEnabled(true);
+    // The map's zoom, at the right end of the status line.
+    zoomLabel = new QLabel(this);
+    zoomLabel->setObjectName(QStringLiteral("zoomLabel"));
+    const auto showZoom = [this](int pixels) {
+        zoomLabel->setText(QStringLiteral("Mapa %1 %").arg(pixels * 100 / trelvin::MapGrid::kFieldPixels));
+    };
+    showZoom(grid->fieldPixels());
+    connect(grid, &trelvin::MapGrid::zoomChanged, this, showZoom);
+    statusBar()->addPermanentWidget(zoomLabel);
     // A jump moves first, then tells: the move clears the line, the jump writes it.
     connect(session_, &trelvin::ReplaySession::positionChanged, statusBar(), &QStatusBar::clearMessage);
     connect(session_, &trelvin::ReplaySession::opened, statusBar(), &QStatusBar::clearMessage);

@@ -15,6 +15,7 @@
 class QDockWidget;
 class QDragEnterEvent;
 class QDropEvent;
+class QLabel;
 class QMenu;
 
 namespace trelvin {
@@ -76,6 +77,8 @@ public:
     QDockWidget* actionDock;
     trelvin::ActionListPanel* actionList;
     trelvin::HelpMenu* mnuNapoveda;
+    // The map's zoom, in the status line.
+    QLabel* zoomLabel;
     // Each player's course over the whole replay, below the window.
     QDockWidget* chartsDock;
     trelvin::ChartsPanel* charts;

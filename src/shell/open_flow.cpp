@@ -50,10 +50,12 @@ void frmMain::mnuOtevritItem_Click() { runOpenFlow(std::nullopt); }
 void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
     // No tick may step a replay whose grid is being replaced.
     session_->halt();
+    bool opened = false;
     try {
         grid->unloadAll();
         const std::optional<QString> chosen = dropped ? dropped : services_.files.chooseFile(session_->fileName());
         session_->open(chosen.value_or(session_->fileName()));
+        opened = true;
         RefreshAr();
         Frame1->txtPolicko->setEnabled(true);
         f->cmbHraci->setEnabled(true);
@@ -62,6 +64,8 @@ void frmMain::runOpenFlow(const std::optional<QString>& dropped) {
         session_->disableStop();
     } catch (const std::exception& failure) {
         services_.messages.showMessage(trelvin::FromCore(failure.what()));
+        // A replay read whole whose map the grid cannot hold: the views offer nothing of it, and say so.
+        if (opened && session_->loadFailure().isEmpty()) session_->refuseMap();
     }
 }
 

@@ -74,6 +74,7 @@ public:
         filter_ = {};  // the old search texts go before the new ones are made
         filter_ = ActionFilter(log, players);
         events_ = filter_.shown(kind_, player_, search_);
+        here_ = -1;
         endResetModel();
     }
 
@@ -83,11 +84,35 @@ public:
         player_ = player;
         search_ = ActionSearch(search.toStdString());
         events_ = filter_.shown(kind_, player_, search_);
+        here_ = -1;
         endResetModel();
     }
 
     const ActionLog* log() const { return log_; }
     const std::vector<int>& events() const { return events_; }
+
+    // A row of its own for the mark where the current action would stand: above row `place` of
+    // the events shown (under the last at their count), for action `event`; -1 for none.
+    void setHere(int place, int event) {
+        if (place == here_ && event == hereEvent_) return;
+        if (here_ >= 0) {
+            beginRemoveRows({}, here_, here_);
+            here_ = -1;
+            endRemoveRows();
+        }
+        hereEvent_ = event;
+        if (place >= 0) {
+            beginInsertRows({}, place, place);
+            here_ = place;
+            endInsertRows();
+        }
+    }
+    int hereRow() const { return here_; }
+    // The action of a row; 0 for the mark's.
+    int eventOf(int row) const {
+        if (row == here_ || row < 0 || row >= rowCount()) return 0;
+        return events_[std::size_t(here_ >= 0 && row > here_ ? row - 1 : row)];
+    }
     // Whether anything narrows the list.
     bool filtered() const { return kind_ != EventKind::All || player_ != ActionPlayers::kNobody || !search_.isEmpty(); }
 
@@ -100,7 +125,10 @@ public:
     int placeOf(int event) const { return int(std::lower_bound(events_.begin(), events_.end(), event) - events_.begin()); }
 
     int rowCount(const QModelIndex& parent = {}) const override {
-        return parent.isValid() ? 0 : int(events_.size());
+        return parent.isValid() ? 0 : int(events_.size()) + (here_ >= 0 ? 1 : 0);
+    }
+    Qt::ItemFlags flags(const QModelIndex& index) const override {
+        return index.row() == here_ ? Qt::NoItemFlags : QAbstractTableModel::flags(index);
     }
     int columnCount(const QModelIndex& parent = {}) const override {
         return parent.isValid() ? 0 : ColumnCount;
@@ -108,7 +136,8 @@ public:
 
     QVariant data(const QModelIndex& index, int role) const override {
         if (!index.isValid() || !log_) return {};
-        const int event = events_[std::size_t(index.row())];
+        const int event = eventOf(index.row());
+        if (event == 0) return {};
         const LoggedEvent& e = log_->event(event);
         const bool failed = !e.messages.empty();
         switch (role) {
@@ -148,14 +177,11 @@ private:
     int player_ = ActionPlayers::kNobody;
     ActionSearch search_;
     std::vector<int> events_;
+    int here_ = -1;
+    int hereEvent_ = 0;
 };
 
-void ActionTable::setHere(int row, int event) {
-    if (row == hereRow_ && event == hereEvent_) return;
-    hereRow_ = row;
-    hereEvent_ = event;
-    viewport()->update();
-}
+int ActionTable::hereRow() const { return static_cast<const ActionListModel*>(model())->hereRow(); }
 
 void ActionTable::setEmptyText(const QString& text) {
     if (text == emptyText_) return;
@@ -171,22 +197,13 @@ void ActionTable::paintEvent(QPaintEvent* event) {
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect(), Qt::AlignCenter, emptyText_);
     }
-    if (hereRow_ < 0) return;
-    // A line between the rows around the current action, with its number at the right.
-    const int below = hereRow_ < rows ? rowViewportPosition(hereRow_)
-                                      : (rows > 0 ? rowViewportPosition(rows - 1) + rowHeight(rows - 1) : 0);
-    // Kept inside the view, with its label, where the rows end at its edge.
-    const int y = std::clamp(below, 1, std::max(1, viewport()->height() - 2));
-    const QColor colour = palette().color(QPalette::Highlight);
-    painter.fillRect(QRect(0, y - 1, viewport()->width(), 3), colour);
-    const QString text = QStringLiteral("zde je akce %1").arg(hereEvent_);
-    const QSize size(fontMetrics().horizontalAdvance(text) + 8, fontMetrics().height() + 2);
-    const QRect label(QPoint(viewport()->width() - size.width() - 4,
-                             std::clamp(y - size.height() / 2, 0, std::max(0, viewport()->height() - size.height()))),
-                      size);
-    painter.fillRect(label, colour);
+    const int here = hereRow();
+    if (here < 0) return;
+    // The row of the mark, as wide as the view, with the number of the action it stands for.
+    const QRect row(0, rowViewportPosition(here), viewport()->width(), rowHeight(here));
+    painter.fillRect(row.adjusted(0, 1, 0, -1), palette().color(QPalette::Highlight));
     painter.setPen(palette().color(QPalette::HighlightedText));
-    painter.drawText(label, Qt::AlignCenter, text);
+    painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignRight | Qt::AlignVCenter, hereText_);
 }
 
 ActionList::ActionList(QWidget* parent)
@@ -310,15 +327,16 @@ void ActionList::refilter() {
 const std::vector<int>& ActionList::shownEvents() const { return model_->events(); }
 
 void ActionList::chooseRow(int row) {
-    if (row >= 0 && row < int(model_->events().size())) emit eventChosen(model_->events()[std::size_t(row)]);
+    if (const int event = model_->eventOf(row)) emit eventChosen(event);
 }
 
 void ActionList::selectPosition() {
-    const int row = model_->rowOf(position_);
     const bool known = model_->log() && position_ >= 1 && position_ <= model_->log()->size();
-    if (row >= 0) {
-        table_->setHere(-1, 0);
-        const QModelIndex index = model_->index(row, 0);
+    const bool shown = model_->rowOf(position_) >= 0;
+    model_->setHere(shown || !known || model_->events().empty() ? -1 : model_->placeOf(position_), position_);
+    table_->setHereText(QStringLiteral("zde je akce %1").arg(position_));
+    if (shown) {
+        const QModelIndex index = model_->index(model_->rowOf(position_), 0);
         table_->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                              QItemSelectionModel::Rows);
         table_->scrollTo(index, QAbstractItemView::EnsureVisible);
@@ -326,11 +344,8 @@ void ActionList::selectPosition() {
         // The rows around the place the current action would take stay in view.
         table_->selectionModel()->clearCurrentIndex();
         table_->clearSelection();
-        const int place = model_->placeOf(position_);
-        table_->setHere(known && !model_->events().empty() ? place : -1, position_);
-        if (known && !model_->events().empty())
-            table_->scrollTo(model_->index(std::min(place, int(model_->events().size()) - 1), 0),
-                             QAbstractItemView::PositionAtCenter);
+        if (model_->hereRow() >= 0)
+            table_->scrollTo(model_->index(model_->hereRow(), 0), QAbstractItemView::PositionAtCenter);
     }
     showDetail();
 }
@@ -338,7 +353,7 @@ void ActionList::selectPosition() {
 void ActionList::showDetail() {
     const ActionLog* log = model_->log();
     const QModelIndex current = table_->currentIndex();
-    const int event = current.isValid() ? model_->events()[std::size_t(current.row())] : position_;
+    const int event = current.isValid() && model_->eventOf(current.row()) != 0 ? model_->eventOf(current.row()) : position_;
     detail_->clear();
     if (log && event >= 1 && event <= log->size()) writeDetail(*detail_->document(), *log, actionPlayers_, event);
 }

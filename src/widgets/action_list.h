@@ -20,18 +20,18 @@ namespace trelvin {
 
 class ActionListModel;
 
-// The list's rows, with the mark where the current action would stand and the word for an
-// empty result painted over them.
+// The list's rows, with the row of the mark where the current action would stand painted in
+// the highlight's colours, and the word for an empty result.
 class ActionTable : public QTableView {
     Q_OBJECT
 
 public:
     using QTableView::QTableView;
 
-    // The mark stands above row `row` (under the last one when `row` is the row count), for
-    // action `event`; -1 for no mark.
-    void setHere(int row, int event);
-    int hereRow() const { return hereRow_; }
+    // The row of the mark where the current action would stand, which the list's model keeps;
+    // -1 for none. Its text names the action.
+    int hereRow() const;
+    void setHereText(const QString& text) { hereText_ = text; }
     // Painted in the middle of an empty list; empty for none.
     void setEmptyText(const QString& text);
     const QString& emptyText() const { return emptyText_; }
@@ -40,8 +40,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int hereRow_ = -1;
-    int hereEvent_ = 0;
+    QString hereText_;
     QString emptyText_;
 };
 

@@ -9,14 +9,15 @@
 #include <QLegendMarker>
 #include <QLineSeries>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QScatterSeries>
-#include <QToolTip>
 #include <QValueAxis>
 
 #include "bridge/core_text.h"
 #include "bridge/date_text.h"
 #include "display/course_texts.h"
 #include "history/course_lines.h"
+#include "widgets/hover_note.h"
 #include "widgets/player_colors.h"
 
 namespace trelvin {
@@ -46,7 +47,7 @@ QColor withAlpha(QColor color, qreal alpha) {
 
 // Given its chart from the start: a chart set later would leave the view's first one behind.
 CourseChart::CourseChart(QWidget* parent)
-    : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis) {
+    : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis), hover_(new HoverNote(this)) {
     QChart* chart = this->chart();
     chart->setMargins(QMargins(2, 2, 2, 2));
     chart->setBackgroundRoundness(0);
@@ -62,6 +63,8 @@ CourseChart::CourseChart(QWidget* parent)
     QFont small = font();
     small.setPointSizeF(std::max(6.0, small.pointSizeF() - 2));
     chart->legend()->setFont(small);
+    // A name the legend has to cut is whole in the entry's tooltip.
+    chart->legend()->setShowToolTips(true);
     axisX_->setLabelsFont(small);
     axisY_->setLabelsFont(small);
     setRenderHint(QPainter::Antialiasing);
@@ -108,6 +111,7 @@ const std::vector<QAbstractSeries*>& CourseChart::seriesOf(int place) const {
 }
 
 void CourseChart::rebuild() {
+    hover_->hide();
     chart()->removeAllSeries();
     const bool charted = history_ && eventCount_ >= 1 && history_->series.complete();
     const int players = charted ? history_->series.placeCount() : 0;
@@ -121,17 +125,22 @@ void CourseChart::rebuild() {
     if (interval >= axisX_->tickInterval()) axisX_->setTickInterval(interval);
     axisX_->setRange(1, std::max(eventCount_, 2));
     axisX_->setTickInterval(interval);
-    for (int place = 1; place <= players; ++place) addPlayer(place);
+    // No line needs more points than the screen has pixel columns, however wide the chart grows.
+    const int columns = std::max(1, int(std::ceil(screen()->size().width() * devicePixelRatioF())));
+    // The series are filled last, on their final axes: each drawn once, not at every axis change.
+    std::vector<std::pair<QXYSeries*, QList<QPointF>>> filling;
+    for (int place = 1; place <= players; ++place) addPlayer(place, columns, filling);
     fitValues();
+    for (auto& [series, points] : filling) series->replace(points);
     placeMarker();
 }
 
-void CourseChart::addPlayer(int place) {
+void CourseChart::addPlayer(int place, int columns, std::vector<std::pair<QXYSeries*, QList<QPointF>>>& filling) {
     const QColor color = PlayerColor(place);
     std::vector<QAbstractSeries*>& series = seriesOf_[std::size_t(place - 1)];
     Range& range = ranges_[std::size_t(place - 1)];
-    const auto add = [&](QXYSeries* added, const QList<QPointF>& points) {
-        added->replace(points);
+    const auto add = [&](QXYSeries* added, QList<QPointF> points) {
+        filling.emplace_back(added, std::move(points));
         chart()->addSeries(added);
         added->attachAxis(axisX_);
         added->attachAxis(axisY_);
@@ -140,9 +149,10 @@ void CourseChart::addPlayer(int place) {
     QList<QPointF> ends;
     const std::vector<CourseLine> lines = CourseLinesOf(history_->series, place, quantity_, eventCount_);
     for (const CourseLine& line : lines) {
+        const std::vector<CoursePoint> fitted = FitToColumns(line.points, eventCount_, columns);
         QList<QPointF> points;
-        points.reserve(qsizetype(line.points.size()));
-        for (const CoursePoint& point : line.points) {
+        points.reserve(qsizetype(fitted.size()));
+        for (const CoursePoint& point : fitted) {
             points.append(QPointF(point.event, point.value));
             range = {std::min<qint64>(range.low, point.value), std::max<qint64>(range.high, point.value)};
         }
@@ -261,9 +271,19 @@ void CourseChart::mouseMoveEvent(QMouseEvent* event) {
     QChartView::mouseMoveEvent(event);
     const QPoint at = event->position().toPoint();
     if (eventCount_ >= 1 && overPlot(at))
-        QToolTip::showText(event->globalPosition().toPoint(), hoverText(eventAt(at.x())), viewport());
+        hover_->showAt(event->globalPosition().toPoint(), hoverText(eventAt(at.x())));
     else
-        QToolTip::hideText();
+        hover_->hide();
+}
+
+bool CourseChart::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::Leave) hover_->hide();
+    return QChartView::viewportEvent(event);
+}
+
+void CourseChart::hideEvent(QHideEvent* event) {
+    hover_->hide();
+    QChartView::hideEvent(event);
 }
 
 }  // namespace trelvin

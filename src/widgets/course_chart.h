@@ -5,6 +5,7 @@
 // the plot asks for the action under the mouse; resting the mouse there tells the action's date
 // and time and every shown player's value at it.
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <QChartView>
@@ -12,11 +13,14 @@
 #include "history/replay_history.h"
 
 class QAbstractSeries;
+class QXYSeries;
 class QGraphicsLineItem;
 class QLegendMarker;
 class QValueAxis;
 
 namespace trelvin {
+
+class HoverNote;
 
 class CourseChart : public QChartView {
     Q_OBJECT
@@ -53,6 +57,8 @@ signals:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     struct Range {
@@ -61,7 +67,9 @@ private:
     };
 
     void rebuild();
-    void addPlayer(int place);
+    // The series of player `place`, each line with no more points than `columns` pixel columns
+    // need; their points are added to `filling`, for the series to take once the axes are set.
+    void addPlayer(int place, int columns, std::vector<std::pair<QXYSeries*, QList<QPointF>>>& filling);
     void showShown(int place);
     void fitValues();
     void placeMarker();
@@ -78,6 +86,7 @@ private:
     QValueAxis* axisX_;
     QValueAxis* axisY_;
     QGraphicsLineItem* marker_;
+    HoverNote* hover_;  // what resting the pointer over the plot tells
 };
 
 }  // namespace trelvin

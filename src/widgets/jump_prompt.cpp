@@ -6,6 +6,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "bridge/core_text.h"
+#include "display/jump_texts.h"
+
 namespace trelvin {
 
 JumpPrompt::JumpPrompt(int eventCount, int position, QWidget* parent)
@@ -32,19 +35,13 @@ JumpPrompt::JumpPrompt(int eventCount, int position, QWidget* parent)
 }
 
 void JumpPrompt::accept() {
-    bool number = false;
-    const int wanted = entry_->text().trimmed().toInt(&number);
-    const QString range = QStringLiteral("od 1 do %1").arg(eventCount_);
-    if (!number) {
-        problem_->setText(QStringLiteral("'%1' neni cislo akce: zadejte cele cislo %2.")
-                              .arg(entry_->text().trimmed(), range));
-    } else if (wanted < 1 || wanted > eventCount_) {
-        problem_->setText(QStringLiteral("Akce %1 v replayi neni: zadejte cislo %2.").arg(wanted).arg(range));
-    } else {
-        chosen_ = wanted;
+    const JumpEntry entry = ReadJumpEntry(entry_->text().toStdString(), eventCount_);
+    if (entry.event != 0) {
+        chosen_ = entry.event;
         QDialog::accept();
         return;
     }
+    problem_->setText(FromUtf8(entry.problem));
     problem_->show();
     entry_->selectAll();
     entry_->setFocus();

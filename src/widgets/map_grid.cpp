@@ -42,6 +42,7 @@ void MapGrid::unloadAll() {
     updateScrollBars();
     viewport()->update();
     emit fieldsChanged(fields());
+    emit zoomChanged(fieldPixels_);
 }
 
 void MapGrid::build(int rows, int columns, double windowWidth) {
@@ -128,6 +129,7 @@ void MapGrid::setFieldPixels(int pixels, std::optional<QPoint> anchor) {
     horizontalScrollBar()->setValue(int(std::lround(wanted.x())));
     verticalScrollBar()->setValue(int(std::lround(wanted.y())));
     viewport()->update();
+    emit zoomChanged(pixels);
 }
 
 void MapGrid::zoomIn(std::optional<QPoint> anchor) {
@@ -151,6 +153,28 @@ void MapGrid::zoomToFit() {
     verticalScrollBar()->setValue(0);
 }
 
+void MapGrid::bringMarksIntoView() {
+    const QRect marks = painter_.marksRect(scene_, gridCorner());
+    if (marks.isEmpty()) return;
+    // The fields' view: the viewport less the captions' bands at its top and left.
+    const int band = scene_.hasCaptions() ? fieldPixels_ : 0;
+    const QRect view = QRect(scroll(), viewport()->size()).adjusted(band, band, 0, 0);
+    // Along each axis the least move; marks larger than the view show from their start.
+    const auto least = [](int start, int end, int viewStart, int viewEnd) {
+        if (end - start > viewEnd - viewStart || start < viewStart) return start - viewStart;
+        return end > viewEnd ? end - viewEnd : 0;
+    };
+    const int dx = least(marks.left(), marks.right(), view.left(), view.right());
+    const int dy = least(marks.top(), marks.bottom(), view.top(), view.bottom());
+    if (dx != 0) horizontalScrollBar()->setValue(horizontalScrollBar()->value() + dx);
+    if (dy != 0) verticalScrollBar()->setValue(verticalScrollBar()->value() + dy);
+}
+
+void MapGrid::setEmptyText(const QString& text) {
+    emptyText_ = text;
+    viewport()->update();
+}
+
 QRect MapGrid::fieldRectInViewport(int k) const {
     if (k < 1 || k > fieldCount()) return {};
     return contentRect(layout_.fields()[std::size_t(k - 1)].rect).translated(-scroll());
@@ -165,8 +189,12 @@ int MapGrid::fieldAt(QPoint viewportPoint) const {
 }
 
 void MapGrid::paintEvent(QPaintEvent* event) {
-    if (bounds_.isEmpty()) return;
     QPainter painter(viewport());
+    if (bounds_.isEmpty()) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+        return;
+    }
     const QPoint offset = scroll();
     painter.translate(-offset);
     const QRect exposed = event->rect().translated(offset);

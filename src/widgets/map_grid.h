@@ -59,6 +59,12 @@ public:
     void zoomOut(std::optional<QPoint> anchor = std::nullopt);
     void zoomToFit();
 
+    // Scrolls the least that brings the marks of the current action into the view of the fields
+    // (the captions' bands cover its edges); marks already in view leave it where it is.
+    void bringMarksIntoView();
+    // The text shown in an area with no map, such as how to open one.
+    void setEmptyText(const QString& text);
+
     // The size of everything the area shows at a zoom, from its top-left corner.
     QSize contentSize(int fieldPixels) const;
     // Field k's square, and the field under a point, in viewport pixels; 0 for none.
@@ -69,6 +75,8 @@ signals:
     void clicked(int k);
     // The grid was built or unloaded: its fields changed.
     void fieldsChanged(trelvin::MapFields fields);
+    // The zoom changed, to a field's side of `pixels`.
+    void zoomChanged(int pixels);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -96,6 +104,7 @@ private:
     int fieldPixels_ = kFieldPixels;
     int pressedField_ = 0;
     int wheelTurned_ = 0;  // Ctrl+wheel turned since the last zoom step, in eighths of a degree
+    QString emptyText_;
 };
 
 }  // namespace trelvin

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
+#include <QDate>
 #include <QHelpEvent>
+#include <QLocale>
+#include <QTime>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -27,6 +31,16 @@ constexpr double kZoomStep = 1.5;
 // Hour ticks closer than this, in pixels, merge into a band: days are shown instead.
 constexpr int kTickSpacing = 4;
 constexpr int kCountPixels = 9;
+// The scale's row under the bar, and the room between two of its labels.
+constexpr int kScaleHeight = 12;
+constexpr int kScaleGap = 14;
+// A scale shows the richest labels of which at least this many fit.
+constexpr int kFewestScaleLabels = 3;
+
+QFont smallFont(QFont font) {
+    font.setPixelSize(kCountPixels);
+    return font;
+}
 
 QColor colourOf(TimelineMark kind) {
     // Hour, day, start, end of protection, capture, failure.
@@ -47,8 +61,8 @@ Timeline::Timeline(QWidget* parent) : QWidget(parent), scroll_(new QScrollBar(Qt
             [this](int value) { setVisibleRange(value + 1, value + 1 + (last_ - first_)); });
 }
 
-QSize Timeline::sizeHint() const { return {400, kBarAreaHeight + scroll_->sizeHint().height()}; }
-QSize Timeline::minimumSizeHint() const { return {120, kBarAreaHeight + scroll_->sizeHint().height()}; }
+QSize Timeline::sizeHint() const { return {400, kBarAreaHeight + kScaleHeight + scroll_->sizeHint().height()}; }
+QSize Timeline::minimumSizeHint() const { return {120, kBarAreaHeight + kScaleHeight + scroll_->sizeHint().height()}; }
 
 void Timeline::showReplay(const ActionLog& log, int eventCount) {
     log_ = &log;
@@ -108,20 +122,50 @@ void Timeline::zoomAt(int x, int steps) {
 QRect Timeline::bar() const { return QRect(kMargin, 2, std::max(width() - 2 * kMargin, 1), kBarAreaHeight - 4); }
 
 void Timeline::resizeEvent(QResizeEvent*) {
-    scroll_->setGeometry(kMargin, kBarAreaHeight, std::max(width() - 2 * kMargin, 1), scroll_->sizeHint().height());
+    scroll_->setGeometry(kMargin, kBarAreaHeight + kScaleHeight, std::max(width() - 2 * kMargin, 1),
+                         scroll_->sizeHint().height());
+}
+
+TimelineScale Timeline::scale() const {
+    const QRect b = bar();
+    return {first_, last_, b.left(), b.width()};
 }
 
 int Timeline::eventAt(int x) const {
     if (eventCount_ <= 1) return eventCount_;
-    const QRect b = bar();
-    const double share = std::clamp(double(x - b.left()) / std::max(b.width() - 1, 1), 0.0, 1.0);
-    return first_ + static_cast<int>(share * (last_ - first_) + 0.5);
+    return scale().eventAt(x);
 }
 
-int Timeline::xOf(int event) const {
-    const QRect b = bar();
-    if (eventCount_ <= 1 || last_ == first_) return b.left();
-    return b.left() + int(std::lround(double(event - first_) / (last_ - first_) * (b.width() - 1)));
+int Timeline::xOf(int event) const { return scale().columnOf(event); }
+
+std::vector<MarkGroup> Timeline::countedMarks() const {
+    const QFontMetrics metrics(smallFont(font()));
+    return GroupMarks(marks_, {TimelineMark::Capture, TimelineMark::Failure}, scale(),
+                      [&metrics](const std::string& text) { return metrics.horizontalAdvance(QString::fromStdString(text)); });
+}
+
+std::vector<std::pair<int, QString>> Timeline::scaleLabels() const {
+    std::vector<std::pair<int, QString>> labels;
+    if (eventCount_ <= 1 || !log_) return labels;
+    const QFontMetrics metrics(smallFont(font()));
+    const QLocale locale;
+    // The action's number, then its hour, then its day, as far as they fit.
+    const auto text = [&](int event, int detail) {
+        QString shown = QString::number(event);
+        if (detail == 0 || event > log_->size()) return shown;
+        const DateTime& t = log_->event(event).time;
+        const QTime time(t.hour(), t.minute());
+        if (detail == 2) shown += QStringLiteral("  ") + locale.toString(QDate(t.year(), t.month(), t.day()), QLocale::ShortFormat);
+        return shown + QStringLiteral("  ") + locale.toString(time, QLocale::ShortFormat);
+    };
+    for (int detail = 2; detail >= 0; --detail) {
+        const int widest = metrics.horizontalAdvance(text(last_, detail)) + kScaleGap;
+        const std::vector<int> ticks = ScaleTicks(scale(), widest);
+        if (int(ticks.size()) < kFewestScaleLabels && detail > 0) continue;
+        for (const int event : ticks) labels.emplace_back(xOf(event), text(event, detail));
+        break;
+    }
+    return labels;
 }
 
 std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> Timeline::shown(TimelineMark kind) const {
@@ -136,29 +180,32 @@ bool Timeline::showsDays() const {
 
 void Timeline::paintMarks(QPainter& painter, TimelineMark kind, int top, int bottom) {
     const QColor colour = colourOf(kind);
-    const bool counted = kind == TimelineMark::Capture || kind == TimelineMark::Failure;
     painter.setPen(colour);
     painter.setBrush(colour);
-    int countsEnd = -1;  // where the last count drawn ends: counts never overlap
     const auto [from, to] = shown(kind);
-    for (auto it = from; it != to;) {
-        // The marks of this pixel column are drawn once.
+    int drawn = -1;  // the column drawn last: the marks of one column are drawn once
+    for (auto it = from; it != to; ++it) {
         const int x = xOf(*it);
-        auto next = it;
-        while (next != to && xOf(*next) == x) ++next;
-        const int count = int(next - it);
-        it = next;
+        if (x == drawn) continue;
+        drawn = x;
         if (kind == TimelineMark::Capture)
             painter.drawPolygon(QPolygon({QPoint(x - 3, top), QPoint(x + 3, top), QPoint(x, top + 5)}));
         else
             painter.drawLine(x, top, x, bottom);
-        if (!counted || count < 2) continue;
-        const QString text = QString::number(count);
-        const int left = x + 4;
-        if (left <= countsEnd) continue;
-        painter.drawText(QRect(left, top - 1, painter.fontMetrics().horizontalAdvance(text), kCountPixels + 2),
-                         Qt::AlignLeft | Qt::AlignTop, text);
-        countsEnd = left + painter.fontMetrics().horizontalAdvance(text) + 2;
+    }
+}
+
+void Timeline::paintScale(QPainter& painter) {
+    painter.setPen(palette().color(QPalette::WindowText));
+    const int top = kBarAreaHeight - 2;
+    int taken = std::numeric_limits<int>::min();
+    for (const auto& [x, text] : scaleLabels()) {
+        const int width = painter.fontMetrics().horizontalAdvance(text);
+        const int left = std::clamp(x - width / 2, 0, std::max(0, this->width() - width));
+        if (left <= taken) continue;
+        painter.drawLine(x, top, x, top + 2);
+        painter.drawText(QRect(left, top + 2, width, kScaleHeight - 2), Qt::AlignCenter, text);
+        taken = left + width;
     }
 }
 
@@ -168,14 +215,20 @@ void Timeline::paintEvent(QPaintEvent*) {
     const int middle = b.center().y();
     painter.fillRect(QRect(b.left(), middle - 3, b.width(), 7), palette().color(QPalette::Mid));
     if (eventCount_ == 0) return;
-    QFont small = font();
-    small.setPixelSize(kCountPixels);
-    painter.setFont(small);
+    painter.setFont(smallFont(font()));
     paintMarks(painter, showsDays() ? TimelineMark::Day : TimelineMark::Hour, middle + 4, b.bottom());
     paintMarks(painter, TimelineMark::Start, b.top(), b.bottom());
     paintMarks(painter, TimelineMark::ProtectionEnd, b.top(), b.bottom());
     paintMarks(painter, TimelineMark::Failure, b.top(), middle - 4);
     paintMarks(painter, TimelineMark::Capture, b.top(), b.top() + 5);
+    // The count of a group of marks, where it has room beside them.
+    for (const MarkGroup& group : countedMarks()) {
+        if (group.labelWidth == 0) continue;
+        painter.setPen(colourOf(group.kind));
+        painter.drawText(QRect(group.labelLeft, b.top() - 1, group.labelWidth, kCountPixels + 2),
+                         Qt::AlignLeft | Qt::AlignTop, QString::fromStdString(group.label));
+    }
+    paintScale(painter);
     if (position_ < 1) return;
     const QColor highlight = palette().color(QPalette::Highlight);
     if (position_ >= first_ && position_ <= last_) {
@@ -196,10 +249,11 @@ void Timeline::paintEvent(QPaintEvent*) {
 QString Timeline::hoverText(int x) const {
     if (eventCount_ == 0 || !log_) return {};
     const int event = eventAt(x);
-    // Where many events share the pixel, what the marks there stand for.
+    // What the mark there stands for, as many as its count says.
+    const std::vector<MarkGroup> groups = countedMarks();
     const auto countAt = [&](TimelineMark kind) {
-        const auto [from, to] = shown(kind);
-        return int(std::count_if(from, to, [&](int marked) { return xOf(marked) == xOf(event); }));
+        const MarkGroup* group = GroupAt(groups, kind, x);
+        return group ? group->count : 0;
     };
     const std::vector<std::string> lines =
         TimelineHoverLines(*log_, event, eventCount_, countAt(TimelineMark::Capture), countAt(TimelineMark::Failure));

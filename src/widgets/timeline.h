@@ -46,6 +46,10 @@ public:
     QString hoverText(int x) const;
     // Whether the hour ticks have thinned out to days.
     bool showsDays() const;
+    // The marks that stand for several, with their counts where they fit.
+    std::vector<MarkGroup> countedMarks() const;
+    // The scale under the bar: where each label's action stands, and the label.
+    std::vector<std::pair<int, QString>> scaleLabels() const;
 
     QScrollBar* scrollBar() const { return scroll_; }
 
@@ -67,10 +71,12 @@ protected:
 private:
 
     QRect bar() const;
+    TimelineScale scale() const;
     void request(int x);
     // The events of a kind within the range shown.
     std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> shown(TimelineMark kind) const;
     void paintMarks(QPainter& painter, TimelineMark kind, int top, int bottom);
+    void paintScale(QPainter& painter);
     void followRange();
 
     const ActionLog* log_ = nullptr;

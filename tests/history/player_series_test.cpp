@@ -99,6 +99,39 @@ TEST(PlayerSeriesTest, EveryPlayerAfterEveryEventIsTheWorldsPlayer) {
     }
 }
 
+// A line fitted to a chart's pixel columns keeps, in each column, its first and last point and
+// its lowest and highest value, and no more than four points.
+TEST(CourseLinesTest, AFittedLineKeepsEveryColumnsEndsAndPeaks) {
+    WorldState w;
+    Load(w, GeneratedLines({12, 10, 4, 3000, 5}).text());
+    const ReplayHistory history = ReplayHistory::Build(w);
+    const std::vector<CoursePoint> points = CourseLinesOf(history.series, 1, Quantity::Nectar, w.eventCount).front().points;
+    constexpr int kColumns = 40;
+    const auto columnOf = [&](int event) { return std::min(std::int64_t{event - 1} * kColumns / (w.eventCount - 1), std::int64_t{kColumns - 1}); };
+    const std::vector<CoursePoint> fitted = FitToColumns(points, w.eventCount, kColumns);
+    ASSERT_LT(fitted.size(), points.size() / 4);
+    EXPECT_TRUE(std::is_sorted(fitted.begin(), fitted.end(), [](auto& a, auto& b) { return a.event < b.event; }));
+    for (int column = 0; column < kColumns; ++column) {
+        const auto in = [&](const std::vector<CoursePoint>& line) {
+            std::vector<CoursePoint> kept;
+            std::copy_if(line.begin(), line.end(), std::back_inserter(kept), [&](auto& p) { return columnOf(p.event) == column; });
+            return kept;
+        };
+        const std::vector<CoursePoint> before = in(points), after = in(fitted);
+        SCOPED_TRACE(column);
+        ASSERT_EQ(before.empty(), after.empty());
+        if (before.empty()) continue;
+        EXPECT_LE(after.size(), 4u);
+        EXPECT_EQ(after.front(), before.front());
+        EXPECT_EQ(after.back(), before.back());
+        const auto byValue = [](auto& a, auto& b) { return a.value < b.value; };
+        EXPECT_EQ(std::min_element(after.begin(), after.end(), byValue)->value, std::min_element(before.begin(), before.end(), byValue)->value);
+        EXPECT_EQ(std::max_element(after.begin(), after.end(), byValue)->value, std::max_element(before.begin(), before.end(), byValue)->value);
+    }
+    // A line with no more than four points a column stays as it is.
+    EXPECT_EQ(FitToColumns(points, w.eventCount, w.eventCount), points);
+}
+
 // A name holding a comma, a quote or a line break comes back whole from any CSV reader.
 TEST(PlayerCsvTest, QuotesTheTextsThatNeedIt) {
     std::string row;

@@ -11,7 +11,9 @@
 #include "history/player_csv.h"
 #include "panels/charts_panel.h"
 #include "widgets/course_chart.h"
+#include "widgets/hover_note.h"
 #include "widgets/player_colors.h"
+#include "shell/window_fixture.h"
 #include "support/session_fixture.h"
 
 using namespace trelvin::testing;
@@ -91,58 +93,30 @@ private slots:
         QCOMPARE(s.t.session.position(), last);
     }
 
+    // The hover text stays while the pointer rests, follows it, and goes when it leaves.
     void restingThePointerTellsTheActionAndEveryShownPlayersValue() {
         Shown s;
         const QPoint centre = PlotCentre(s.chart);
         const int event = s.chart.eventAt(centre.x());
         QTest::mouseMove(s.chart.viewport(), centre);
-        QTRY_VERIFY(QToolTip::isVisible());
-        QCOMPARE(QToolTip::text(), s.chart.hoverText(event));
+        auto& note = Find<trelvin::HoverNote>(s.chart, "hoverNote");
+        QTRY_VERIFY(note.isVisible());
+        QCOMPARE(note.text(), s.chart.hoverText(event));
         QVERIFY(s.chart.hoverText(event).contains(QString("Akce %1").arg(event)));
-    }
-
-    void thePositionsLineFollowsStepsJumpsAndTheSlideShow() {
-        Shown s;
-        const auto lineAt = [&s] { return std::pair(s.chart.position(), s.chart.markerX()); };
-        const auto expected = [&s] {
-            return std::pair(s.t.session.position(), std::optional<int>(s.chart.xOf(s.t.session.position())));
-        };
-        QCOMPARE(lineAt(), std::pair(1, std::optional<int>(s.chart.xOf(1))));
-        s.t.session.forward();
-        QCOMPARE(lineAt(), expected());
-        s.t.session.jumpTo(30);
-        QCOMPARE(lineAt(), expected());
-        s.t.session.first();
-        s.t.session.play(true, 10);
-        QTRY_VERIFY(s.t.session.position() >= 5);
-        s.t.session.stop();
-        QCOMPARE(lineAt(), expected());
-        // A new size moves the line with the plot.
-        s.panel.resize(600, 300);
-        QTRY_COMPARE(lineAt(), expected());
-    }
-
-    void aPlayerHiddenFromTheLegendLeavesTheChartAndItsHoverText() {
-        Shown s;
-        QVERIFY(s.chart.playerCount() >= 2);
-        const QColor color = trelvin::PlayerColor(2);
-        QLegendMarker* entry = s.chart.chart()->legend()->markers(s.chart.seriesOf(2).front()).value(0);
-        QVERIFY(entry);
-        const QString hover = s.chart.hoverText(s.t.session.eventCount());
-        QVERIFY(PixelsNear(s.chart, color) > 20);
-        emit entry->clicked();
-        QVERIFY(!s.chart.playerShown(2));
-        for (QAbstractSeries* series : s.chart.seriesOf(2)) QVERIFY(!series->isVisible());
-        QCOMPARE(PixelsNear(s.chart, color), 0);
-        QVERIFY(s.chart.hoverText(s.t.session.eventCount()).size() < hover.size());
-        QVERIFY(s.chart.playerShown(1));
-        // Hidden it stays hidden in another quantity, and a second click brings it back.
-        s.panel.quantity->setCurrentIndex(s.panel.quantity->count() - 1);
-        QVERIFY(!s.chart.playerShown(2));
-        QCOMPARE(PixelsNear(s.chart, color), 0);
-        emit s.chart.chart()->legend()->markers(s.chart.seriesOf(2).front()).value(0)->clicked();
-        QVERIFY(s.chart.playerShown(2));
-        QVERIFY(PixelsNear(s.chart, color) > 20);
+        // Where a tooltip would have gone, and the view hidden its own at the rest.
+        QTest::qWait(1500);
+        QHelpEvent rest(QEvent::ToolTip, centre, s.chart.viewport()->mapToGlobal(centre));
+        QApplication::sendEvent(s.chart.viewport(), &rest);
+        QVERIFY(note.isVisible());
+        QCOMPARE(note.text(), s.chart.hoverText(event));
+        const QPoint left = note.pos();
+        const QPoint further = centre + QPoint(60, 0);
+        QTest::mouseMove(s.chart.viewport(), further);
+        QTRY_COMPARE(note.text(), s.chart.hoverText(s.chart.eventAt(further.x())));
+        QVERIFY(note.pos().x() > left.x());
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(s.chart.viewport(), &leave);
+        QVERIFY(!note.isVisible());
     }
 
     void theCsvIsWrittenWholeOrNotAtAll() {

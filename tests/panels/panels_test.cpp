@@ -192,9 +192,15 @@ private slots:
         QCOMPARE(list.shownEvents(), (std::vector<int>{3, 6}));
         list.setKind(trelvin::EventKind::Attacks);
         QCOMPARE(list.shownEvents(), std::vector<int>{6});
-        // The current action hidden: a mark above the first row after it, or under the last row.
+        // The current action hidden: a mark above the first row after it, or under the last row, in
+        // a row of its own that covers none of the others and goes nowhere when clicked.
         QCOMPARE(list.table()->hereRow(), 0);
+        QCOMPARE(list.table()->model()->rowCount(), 2);
+        QCOMPARE(list.table()->model()->index(1, 0).data().toInt(), 6);
+        QCOMPARE(list.table()->model()->flags(list.table()->model()->index(0, 0)), Qt::NoItemFlags);
         QVERIFY(!list.table()->currentIndex().isValid());
+        emit list.table()->clicked(list.table()->model()->index(0, 0));
+        QCOMPARE(t.session.position(), 1);
         t.session.last();
         QCOMPARE(list.table()->hereRow(), 1);
         t.session.jumpTo(6);
@@ -275,6 +281,67 @@ private slots:
         QCOMPARE(timeline.visibleRange().second, count);
         for (int notch = 0; notch < 20; ++notch) turn(-120);
         QCOMPARE(timeline.visibleRange(), std::pair(1, count));
+    }
+
+    // 40 failing actions in a row among 2,000: at any zoom each mark tells as many as its hover
+    // does, no count covers a mark or another count, and the scale names actions in the stretch.
+    void theTimelinesMarksCountWhatTheirHoverTellsAndItsScaleNamesTheStretch() {
+        std::string replay = "0;Chyby;2;2;1;3\r\n2004-06-19-08-00-00;create_world;NN\r\n"
+                             "2004-06-19-08-00-01;create_hq;Karel;les;A0\r\n2004-06-19-08-00-02;create_hq;Jana;louka;B0\r\n";
+        for (int i = 3; i < 2000; ++i) {
+            char time[32];
+            std::snprintf(time, sizeof time, "2004-06-19-%02d-%02d-%02d", 8 + i / 3600, i / 60 % 60, i % 60);
+            replay += std::string(time) + (i >= 1000 && i < 1040 ? ";move;A0;Z9;1\r\n" : ";fly\r\n");
+        }
+        Session t;
+        trelvin::TimelineStrip strip(t.session, nullptr);
+        strip.resize(700, 70);
+        strip.show();
+        t.open(replay);
+        trelvin::Timeline& timeline = *strip.timeline;
+        const int count = t.session.eventCount();
+        const trelvin::ActionLog& log = t.session.history().log;
+        const auto failed = [&](int event) { return !log.event(event).messages.empty(); };
+        int middle = 1;
+        while (!failed(middle)) ++middle;
+        middle += 20;
+        QStringList labelled;
+        for (const int span : {count - 1, 600, 150, 60, 20}) {
+            timeline.setVisibleRange(middle - span / 2, middle - span / 2 + span);
+            const std::vector<trelvin::MarkGroup> groups = timeline.countedMarks();
+            int failures = 0;
+            for (const trelvin::MarkGroup& group : groups) {
+                failures += group.count;
+                if (group.count < 2) continue;
+                for (const int x : {group.left, group.right, group.labelWidth > 0 ? group.labelLeft + group.labelWidth / 2 : group.left}) {
+                    const QString hover = timeline.hoverText(x);
+                    QVERIFY2(hover.contains(QString(" %1 akci s chybou").arg(group.count)),
+                             qPrintable(hover + QString(" | x %1 group %2-%3 count %4 span %5").arg(x).arg(group.left).arg(group.right).arg(group.count).arg(span)));
+                }
+                if (group.labelWidth > 0) labelled << QString::fromStdString(group.label);
+                // A count lies clear of every mark and every other count.
+                for (const trelvin::MarkGroup& other : groups) {
+                    if (&other == &group || group.labelWidth == 0) continue;
+                    const int end = group.labelLeft + group.labelWidth;
+                    QVERIFY(other.right < group.labelLeft || other.left >= end);
+                    QVERIFY(other.labelWidth == 0 || other.labelLeft + other.labelWidth <= group.labelLeft || other.labelLeft >= end);
+                }
+            }
+            const auto [first, last] = timeline.visibleRange();
+            int failuresShown = 0;
+            for (int event = first; event <= last; ++event) failuresShown += failed(event);
+            QCOMPARE(failures, failuresShown);
+            const std::vector<std::pair<int, QString>> scale = timeline.scaleLabels();
+            QVERIFY(scale.size() >= 3);
+            for (std::size_t i = 0; i < scale.size(); ++i) {
+                QVERIFY(timeline.eventAt(scale[i].first) >= first && timeline.eventAt(scale[i].first) <= last);
+                if (i > 0)
+                    QVERIFY(scale[i].first - scale[i - 1].first > timeline.fontMetrics().horizontalAdvance(scale[i - 1].second) / 2);
+            }
+            // Zoomed in, the scale tells the hour too.
+            if (span <= 60) QVERIFY2(scale.front().second.contains(':'), qPrintable(scale.front().second));
+        }
+        QVERIFY2(labelled.contains("40"), qPrintable(labelled.join(' ')));  // the whole run, seen from afar
     }
 
     void theTimelineJumpsWhereItIsClickedAndFollowsThePosition() {

@@ -82,9 +82,27 @@ private slots:
         ExportDialog animation(t.window->session(), 30, false, ExportDialog::Kind::Animation, nullptr);
         QVERIFY(!animation.job().picture.highlight);
         QCOMPARE(animation.job().path, folder + "/bitva-u-potoka-akce-12-89.gif");
-        animation.from->setValue(95);  // past the end: both ends keep their order
-        QCOMPARE(std::pair(animation.from->value(), animation.to->value()), std::pair(89, 89));
+        // Typing 75 into "Do akce" passes through 7: "Od akce" stays, the summary follows each key,
+        // and what is wrong is said once the user leaves the field, or exports.
+        animation.to->selectAll();
+        QTest::keyClick(animation.to, Qt::Key_7);
+        QCOMPARE(std::pair(animation.from->value(), animation.to->value()), std::pair(12, 7));
+        QVERIFY2(animation.summary->text().startsWith("Zadny snimek"), qPrintable(animation.summary->text()));
+        QVERIFY(animation.problem->isHidden());
+        QTest::keyClick(animation.to, Qt::Key_5);
+        QCOMPARE(std::pair(animation.from->value(), animation.to->value()), std::pair(12, 75));
+        QVERIFY2(animation.summary->text().startsWith("64 snimku"), qPrintable(animation.summary->text()));
+        animation.from->setValue(80);
+        emit animation.from->editingFinished();
+        QVERIFY(!animation.problem->isHidden());
+        QVERIFY2(animation.problem->text().contains("80") && animation.problem->text().contains("75"),
+                 qPrintable(animation.problem->text()));
+        animation.accept();
+        QCOMPARE(animation.result(), int(QDialog::Rejected));
+        QCOMPARE(std::pair(animation.from->value(), animation.to->value()), std::pair(80, 75));
         animation.from->setValue(20);
+        QVERIFY(animation.problem->isHidden());
+        animation.to->setValue(89);
         animation.format->setCurrentIndex(1);
         QCOMPARE(animation.job().path, folder + "/bitva-u-potoka-akce-20-89.webp");
         animation.caption->setChecked(true);
@@ -95,8 +113,21 @@ private slots:
         emit animation.path->textEdited(animation.path->text());
         QCOMPARE(animation.format->currentText(), QString("GIF"));
         animation.to->setValue(30);
+        QVERIFY2(animation.summary->text().startsWith("11 snimku"), qPrintable(animation.summary->text()));
         animation.path->setText(t.directory.filePath("moje"));
         QCOMPARE(animation.job().path, t.directory.filePath("moje.gif"));
+        // What it was left with, the next dialog offers: the folder and the options chosen; the
+        // zoom the window had, where the user left it.
+        animation.delay->setValue(500);
+        animation.view->setCurrentIndex(2);
+        const trelvin::ExportChoices kept = animation.choices();
+        ExportDialog again(t.window->session(), 30, false, ExportDialog::Kind::Animation, nullptr, kept);
+        QCOMPARE(std::tuple(again.delay->value(), again.caption->isChecked(), again.format->currentText(),
+                            again.view->currentIndex(), again.field->value()),
+                 std::tuple(500, true, QString("GIF"), 2, 30));
+        QCOMPARE(QFileInfo(again.job().path).absolutePath(), t.directory.path());
+        ExportDialog zoomed(t.window->session(), 40, false, ExportDialog::Kind::Animation, nullptr, kept);
+        QCOMPARE(zoomed.field->value(), 40);
 
         // The menu's command: the dialog, then the file, and the status line says where.
         QTimer::singleShot(0, [&] {
@@ -122,8 +153,8 @@ private slots:
         QCOMPARE(commands.run({unwritable, 5, 5, 200, {}, {}}).status, ExportOutcome::Status::Failed);
         QCOMPARE(t.messages.texts.size(), 2);
         QCOMPARE(t.messages.texts[0], "Export byl zrusen, soubor " + cancelled + " nebyl zapsan");
-        QVERIFY2(t.messages.texts[1].startsWith("Chyba pri exportu - Soubor " + unwritable + " nelze zapsat"),
-                 qPrintable(t.messages.texts[1]));
+        // In Czech words, the system's reason too.
+        QCOMPARE(t.messages.texts[1], "Chyba pri exportu - Soubor " + unwritable + " nelze zapsat: slozka neexistuje");
     }
 };
 

@@ -64,7 +64,7 @@ private slots:
         QCOMPARE(at(), 6);
         jump("nextCapture");
         QCOMPARE(at(), 6);
-        QCOMPARE(w.statusBar()->currentMessage(), QString("Dale uz zadna takova akce neni"));
+        QCOMPARE(w.statusBar()->currentMessage(), QString("Dale uz zadne dobyti veleni neni"));
         t.controls.cmdEnd_Click();
         jump("previousCapture");
         QCOMPARE(at(), 6);
@@ -86,7 +86,7 @@ private slots:
         t.controls.cmdForw_Click();
         QCOMPARE(status(), QString());
         t.find<QAction>("nextCapture").trigger();  // none after the last: said, until the next move
-        QCOMPARE(status(), QString("Dale uz zadna takova akce neni"));
+        QCOMPARE(status(), QString("Dale uz zadne dobyti veleni neni"));
         t.controls.cmdBegin_Click();
         QCOMPARE(status(), QString());
         w.session().jumpTo(3);
@@ -105,7 +105,7 @@ private slots:
         const std::function<void()> answer = [&] {
             auto* prompt = t.window->findChild<trelvin::JumpPrompt*>("jumpPrompt");
             if (!prompt || !prompt->isVisible()) return QTimer::singleShot(10, answer);
-            for (const char* entry : {"abc", "99", "0"}) {
+            for (const char* entry : {"abc", "99", "0", " "}) {
                 prompt->entry()->setText(entry);
                 QTest::keyClick(prompt->entry(), Qt::Key_Return);
                 problems << prompt->problem()->text();
@@ -121,10 +121,11 @@ private slots:
         QTimer::singleShot(0, answer);
         jumpTo.trigger();
         QCOMPARE(t.window->session().position(), 4);
-        QCOMPARE(problems.size(), 3);
+        QCOMPARE(problems.size(), 4);
         QVERIFY2(problems[0].contains("abc"), qPrintable(problems[0]));
         QVERIFY2(problems[1].contains("99"), qPrintable(problems[1]));
         QVERIFY2(problems[2].contains("od 1 do 7"), qPrintable(problems[2]));
+        QCOMPARE(problems[3], QString("Zadejte cislo akce od 1 do 7."));  // nothing typed
         for (const auto& [height, needed] : heights) QVERIFY2(height >= needed, qPrintable(QString("%1 < %2").arg(height).arg(needed)));
         QTimer::singleShot(0, answer);
         jumpTo.trigger();  // Escape: nowhere

@@ -1,5 +1,7 @@
 // The open flow in the window: it builds the grid for the new map in the designed places,
 // reports what fails in its own order, and stops at the grid's limits.
+#include "panels/failed_load_note.h"
+#include "replay_generator.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -70,14 +72,81 @@ private slots:
         QCOMPARE(t.find<QLabel>("lblTah").text(), QString("1 (0)"));
     }
 
-    // Past the grid's limits the flow reports the overflow and stops before enabling the panels.
+    // Past the grid's limits the flow reports the overflow and stops before enabling the panels;
+    // the additions then offer nothing of the replay and say why.
     void gridPositionsOverflowFrom101RowsOr110Columns() {
         for (const auto& [columns, rows, overflows] : {std::tuple{1, 101, true}, {110, 1, true}, {109, 100, false}}) {
             Window t;
             t.open("velky.trp", BlankWorld(columns, rows));
             QCOMPARE(t.messages.texts, overflows ? QStringList{"Preteceni (hodnota mimo povoleny rozsah)"} : QStringList{});
             QCOMPARE(t.find<QLineEdit>("txtPolicko").isEnabled(), !overflows);
+            for (const QLabel* note : t.window->findChildren<QLabel*>("failedLoadNote"))
+                QCOMPARE(!note->isHidden() && note->text().contains("nelze zobrazit"), overflows);
+            QCOMPARE(t.find<QAction>("jumpToAction").isEnabled(), !overflows);
+            QCOMPARE(t.find<QAction>("animationAction").isEnabled(), !overflows);
         }
+    }
+
+    // On the largest map the view follows each action whose marks it does not show, and a step
+    // whose marks it shows leaves it where it is; zoomed out the marks keep a visible size, and
+    // the status line tells the zoom. Without a replay, the map area tells how to open one.
+    void theMapFollowsTheActionsMarks() {
+        Window t;
+        t.window->show();
+        trelvin::MapPanel& map = t.find<trelvin::MapPanel>("grid");
+        const QImage empty = map.viewport()->grab().toImage();
+        int written = 0;
+        for (int y = 0; y < empty.height(); ++y)
+            for (int x = 0; x < empty.width(); ++x) written += empty.pixel(x, y) != empty.pixel(0, 0);
+        QVERIFY2(written > 50, qPrintable(QString::number(written)));
+        t.open("velky.trp", trelvin::GenerateReplay(trelvin::GeneratorOptions{}));
+        t.window->resize(1366, 768);
+        QApplication::processEvents();
+        QCOMPARE(t.find<QLabel>("zoomLabel").text(), QString("Mapa 100 %"));
+        const auto scroll = [&map] { return QPoint(map.horizontalScrollBar()->value(), map.verticalScrollBar()->value()); };
+        const auto fieldsView = [&map] {
+            return map.viewport()->rect().adjusted(map.fieldPixels(), map.fieldPixels(), 0, 0);
+        };
+        const auto marksShown = [&] {
+            for (const int k : map.scene().marks.outlined)
+                if (!fieldsView().contains(map.fieldRectInViewport(k))) return false;
+            return true;
+        };
+        int followed = 0, stayed = 0;
+        for (int jump = 0; jump < 12; ++jump) {
+            const QPoint before = scroll();
+            t.find<QAction>("nextAttack").trigger();
+            QVERIFY(!map.scene().marks.empty());
+            QVERIFY2(marksShown(), qPrintable(QString("attack %1").arg(t.window->session().position())));
+            followed += scroll() != before;
+            // Steps whose marks the view already shows do not move it.
+            for (int step = 0; step < 5; ++step) {
+                const QPoint held = scroll();
+                t.controls.cmdForw_Click();
+                QVERIFY(marksShown());
+                if (scroll() == held) {
+                    ++stayed;
+                    continue;
+                }
+                // It moved: from where it was, the marks were not all in view.
+                const QPoint moved = scroll();
+                map.horizontalScrollBar()->setValue(held.x());
+                map.verticalScrollBar()->setValue(held.y());
+                QVERIFY(map.scene().marks.empty() || !marksShown());
+                map.horizontalScrollBar()->setValue(moved.x());
+                map.verticalScrollBar()->setValue(moved.y());
+            }
+        }
+        QVERIFY2(followed > 0 && stayed > 0, qPrintable(QString("%1 %2").arg(followed).arg(stayed)));
+        // Zoomed out to the whole map, the marks still cover a field's worth of pixels.
+        t.find<QAction>("zoomFitAction").trigger();
+        QVERIFY(map.fieldPixels() < 8);
+        QCOMPARE(t.find<QLabel>("zoomLabel").text(), QString("Mapa %1 %").arg(map.fieldPixels() * 5));
+        const QImage shown = map.viewport()->grab().toImage();
+        int magenta = 0;
+        for (int y = 0; y < shown.height(); ++y)
+            for (int x = 0; x < shown.width(); ++x) magenta += shown.pixel(x, y) == qRgb(255, 0, 220);
+        QVERIFY2(magenta >= 40, qPrintable(QString::number(magenta)));
     }
 };
 
