@@ -17,7 +17,7 @@ constexpr std::array<unsigned char, 256> kFolding = [] {
     for (int c = 0xC0; c <= 0xDE; ++c)
         if (c != 0xD7) table[std::size_t(c)] = static_cast<unsigned char>(c + 0x20);
     for (const int c : {0x8A, 0x8C, 0x8D, 0x8E, 0x8F}) table[std::size_t(c)] = static_cast<unsigned char>(c + 0x10);
-    for (const auto [capital, small] : {std::pair{0xA3, 0xB3}, {0xA5, 0xB9}, {0xAA, 0xBA}, {0xAF, 0xBF}, {0xBC, 0xBE}})
+    for (const auto& [capital, small] : {std::pair{0xA3, 0xB3}, {0xA5, 0xB9}, {0xAA, 0xBA}, {0xAF, 0xBF}, {0xBC, 0xBE}})
         table[std::size_t(capital)] = static_cast<unsigned char>(small);
     return table;
 }();
