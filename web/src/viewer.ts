@@ -1,0 +1,169 @@
+// One opened replay and everything the page shows of it, as the window's session and panels
+// show it: the core moves, the page shows what it reports and draws what it drew.
+import { ActionKind, type MoveResult, type OpenResult, type Replay, type ViewName } from "./core";
+import { ClockFace } from "./clock_face";
+import { dateTimeText } from "./date_text";
+import { element } from "./dom";
+import { keepMoment, type Moment } from "./link";
+import { MapView } from "./map/map_view";
+import { MessageBoxes } from "./message_boxes";
+import { Playback } from "./playback";
+import type { ReplayBytes } from "./replay_bytes";
+
+export class Viewer {
+  readonly boxes = new MessageBoxes();
+  readonly playback: Playback;
+  private readonly clock = new ClockFace(element<HTMLCanvasElement>("clock"));
+  private readonly highlight = element<HTMLInputElement>("highlight");
+  private readonly fieldName = element<HTMLInputElement>("field-name");
+  private readonly status = element<HTMLOutputElement>("status");
+  private opened?: { name: string; bytes: Uint8Array };
+  // Whatever follows the position besides the map and the texts: the list, the timeline, ...
+  readonly followers: Array<(position: number) => void> = [];
+
+  constructor(readonly replay: Replay, readonly map: MapView) {
+    this.playback = new Playback({
+      first: () => this.step(() => replay.first()),
+      back: () => this.step(() => replay.back()),
+      forward: () => this.step(() => replay.forward()),
+      last: () => this.step(() => replay.last()),
+      buttons: () => replay.updateButtons(),
+      boxesOpen: () => this.boxes.open,
+      whenBoxesClosed: (then) => this.boxes.whenClosed(then),
+    });
+    map.onFieldClicked = (k) => this.fieldClicked(k);
+    map.fieldNameOf = (k) => replay.fieldName(k);
+    map.onZoomChanged = () => this.keepLink();
+    this.highlight.addEventListener("change", () => this.showMap());
+    for (const option of document.querySelectorAll<HTMLInputElement>("input[name=view]"))
+      option.addEventListener("change", () => this.setViewMode(option.value as ViewName));
+    this.fieldName.addEventListener("input", () => this.inspectField());
+  }
+
+  get isOpen(): boolean {
+    return this.opened !== undefined;
+  }
+
+  get replayFile(): { name: string; bytes: Uint8Array } | undefined {
+    return this.opened;
+  }
+
+  // Opens a replay in the window's order: the loader's message, the first action's, the grid
+  // (whose failure ends the opening there), the panels, the texts, the buttons.
+  open(source: ReplayBytes, keepGoing?: (done: number, total: number) => boolean): OpenResult {
+    this.playback.halt();
+    this.map.setGrid({ columns: 0, fields: 0, columnCaptions: [], rowCaptions: [] }, this.map.fieldPixels);
+    const result = this.replay.open(source.bytes, source.name, source.size, keepGoing);
+    this.opened = { name: source.name, bytes: source.bytes };
+    this.status.textContent = "";
+    const messages = [result.failure, ...result.reports.map((report) => report.text)].filter((text) => text);
+    this.map.setGrid(result.grid, this.map.fieldPixels);
+    element("drop-hint").hidden = true;
+    if (result.gridFailure) {
+      this.boxes.show(...messages, result.gridFailure);
+      return result;
+    }
+    this.boxes.show(...messages);
+    this.fieldName.disabled = false;
+    this.showTexts();
+    for (const follow of this.followers) follow(result.position);
+    this.playback.updateButtons();
+    this.playback.disableStop();
+    for (const id of ["save-page", "copy-link", "jump-to"]) element<HTMLButtonElement>(id).disabled = false;
+    this.keepLink();
+    return result;
+  }
+
+  // A step of the buttons or the show: its reports in boxes, one after another.
+  private step(move: () => MoveResult): void {
+    const result = move();
+    this.boxes.show(...result.reports.map((report) => report.text));
+    this.moved();
+  }
+
+  // Straight to an action, as the timeline, the list, the prompt and the jump keys go: what the
+  // actions on the way reported goes to the status line.
+  jumpTo(target: number): void {
+    if (this.replay.position() < 1 || this.replay.eventCount() < 1) return;
+    const result = this.replay.jumpTo(target);
+    this.moved();
+    const last = result.reports[result.reports.length - 1];
+    this.status.textContent = last
+      ? `Akce ${result.position}: pri opakovani akci ${result.reports.length} hlaseni, posledni: ${last.text}`
+      : `Akce ${result.position}`;
+  }
+
+  // The nearest action of a kind after or before the position.
+  jumpToNearest(kind: ActionKind, forward: boolean): void {
+    if (!this.isOpen || this.replay.eventCount() < 1) return;
+    const found = this.replay.nearest(kind, forward);
+    if (found === 0) {
+      this.status.textContent = forward ? "Dale uz zadna takova akce neni" : "Drive zadna takova akce nebyla";
+      return;
+    }
+    this.jumpTo(found);
+  }
+
+  private moved(): void {
+    this.status.textContent = "";
+    this.playback.updateButtons();
+    this.showMap();
+    this.showTexts();
+    for (const follow of this.followers) follow(this.replay.position());
+  }
+
+  setViewMode(view: ViewName): void {
+    const option = document.querySelector<HTMLInputElement>(`input[name=view][value=${view}]`);
+    if (option) option.checked = true;
+    this.replay.setViewMode(view);
+    if (this.isOpen) this.showMap();
+  }
+
+  get viewMode(): ViewName {
+    return (document.querySelector<HTMLInputElement>("input[name=view]:checked")?.value ?? "all") as ViewName;
+  }
+
+  setHighlight(on: boolean): void {
+    this.highlight.checked = on;
+    this.showMap();
+  }
+
+  showMap(): void {
+    if (!this.isOpen) return;
+    this.map.setFrame(this.replay.pictures().slice(), this.highlight.checked ? this.replay.marks() : null);
+    this.keepLink();
+  }
+
+  private showTexts(): void {
+    element("description").textContent = this.replay.description();
+    element("position").textContent = this.replay.positionText();
+    element("time").textContent = dateTimeText(this.replay.time());
+    this.clock.show(this.replay.clock(this.clock.scaleHeight));
+  }
+
+  private fieldClicked(k: number): void {
+    if (this.fieldName.disabled) return;
+    const name = this.replay.fieldName(k);
+    // A click on the field already named still refreshes the panel.
+    this.fieldName.value = name;
+    this.inspectField();
+  }
+
+  private inspectField(): void {
+    const found = this.replay.inspectField(this.fieldName.value);
+    if (!found) return;
+    element("field-terrain").textContent = found.terrain;
+    element("field-owner").textContent = found.owner;
+    element("field-army-type").textContent = found.armyType;
+    element("field-army-count").textContent = found.armyCount;
+  }
+
+  // Where the page stands, for a link to it.
+  moment(): Required<Moment> {
+    return { action: this.replay.position(), view: this.viewMode, fieldPixels: this.map.fieldPixels, highlight: this.highlight.checked };
+  }
+
+  private keepLink(): void {
+    if (this.isOpen) keepMoment(this.moment());
+  }
+}
