@@ -33,5 +33,11 @@ add_library(trelvin_core STATIC
   cursor/step_buttons.cpp
   cursor/replay_cursor.cpp
   display/clock_geometry.cpp
+  display/shown_text.cpp
+  display/world_texts.cpp
+  display/action_texts.cpp
+  display/action_filter.cpp
+  display/timeline_marks.cpp
+  display/course_texts.cpp
 )
 target_include_directories(trelvin_core PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})

@@ -3,7 +3,7 @@
 add_library(trelvin_ui STATIC
   bridge/core_text.h
   bridge/twips.cpp
-  bridge/position_texts.cpp
+  bridge/date_text.cpp
   render/designed_fonts.cpp
   render/map_painter.cpp
   widgets/map_grid.cpp
@@ -11,13 +11,11 @@ add_library(trelvin_ui STATIC
   widgets/player_colors.cpp
   widgets/course_chart.cpp
   widgets/timeline.cpp
-  widgets/action_search.cpp
   widgets/action_row_delegate.cpp
   widgets/cell_text.cpp
   widgets/action_list.cpp
   widgets/jump_prompt.cpp
   playback/playback.cpp
-  playback/player_texts.cpp
   export/export_options.cpp
   export/caption_strip.cpp
   export/map_frames.cpp

@@ -18,3 +18,4 @@ trelvin_core_tests(history_tests history/replay_history_test.cpp history/player_
 target_include_directories(history_tests PRIVATE ${PROJECT_SOURCE_DIR}/bench)
 trelvin_core_tests(cursor_tests cursor/replay_cursor_test.cpp ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
 target_include_directories(cursor_tests PRIVATE ${PROJECT_SOURCE_DIR}/bench)
+trelvin_core_tests(display_tests display/texts_test.cpp)

@@ -1,6 +1,6 @@
-add_executable(clock_and_date_tests playback/clock_and_date_test.cpp)
-target_link_libraries(clock_and_date_tests PRIVATE trelvin_ui GTest::gtest_main)
-gtest_discover_tests(clock_and_date_tests DISCOVERY_TIMEOUT 30)
+add_executable(date_text_tests bridge/date_text_test.cpp)
+target_link_libraries(date_text_tests PRIVATE trelvin_ui GTest::gtest_main)
+gtest_discover_tests(date_text_tests DISCOVERY_TIMEOUT 30)
 
 # The playback alone, without a window.
 add_executable(playback_tests playback/playback_test.cpp)

@@ -15,7 +15,7 @@
 #include "history/player_csv.h"
 #include "model/replay_source.h"
 #include "model/text_encoding.h"
-#include "model/version_text.h"
+#include "display/licence_text.h"
 
 namespace {
 

@@ -48,4 +48,9 @@ std::vector<ClockPoint> DialMarks(float count, int scaleHeight) {
     return marks;
 }
 
+ClockHands HandsAt(int hour, int minute, int second, int scaleHeight) {
+    return {ClockCentre(scaleHeight), HandEnd(static_cast<float>(hour), 24, scaleHeight),
+            HandEnd(static_cast<float>(minute), 60, scaleHeight), HandEnd(static_cast<float>(second), 60, scaleHeight)};
+}
+
 }  // namespace trelvin

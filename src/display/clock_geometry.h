@@ -25,4 +25,15 @@ ClockPoint HandEnd(float value, float turn, int scaleHeight);
 // (25 centres for 24 marks). Empty when `count` gives no positive step.
 std::vector<ClockPoint> DialMarks(float count, int scaleHeight);
 
+// The 24-hour face at a time: its 24 marks, and its three hands from the centre. The hands move
+// in whole steps: the hour hand does not advance with the minutes.
+struct ClockHands {
+    ClockPoint centre;
+    ClockPoint hour;    // a turn in 24 hours
+    ClockPoint minute;  // a turn in 60 minutes
+    ClockPoint second;  // a turn in 60 seconds
+};
+inline constexpr float kDialMarks = 24;
+ClockHands HandsAt(int hour, int minute, int second, int scaleHeight);
+
 }  // namespace trelvin

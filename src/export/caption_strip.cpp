@@ -4,7 +4,9 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include "bridge/position_texts.h"
+#include "bridge/core_text.h"
+#include "bridge/date_text.h"
+#include "display/world_texts.h"
 
 namespace trelvin {
 
@@ -27,8 +29,8 @@ QFont stripFont() {
 int CaptionStripHeight() { return kLines * QFontMetrics(stripFont()).lineSpacing() + 2 * kMargin; }
 
 QStringList CaptionLines(const WorldState& world, int position) {
-    return {QStringLiteral("Akce ") + PositionText(static_cast<std::int16_t>(position), world.eventCount),
-            GeneralDateText(world.currentTime), ActionDescription(world).section(u'\n', 0, 0)};
+    return {QStringLiteral("Akce ") + FromUtf8(PositionText(position, world.eventCount)),
+            GeneralDateText(world.currentTime), FromUtf8(DescriptionText(world)).section(u'\n', 0, 0)};
 }
 
 void PaintCaptionStrip(QPainter& painter, const QRect& strip, const QStringList& lines, const QPalette& palette) {

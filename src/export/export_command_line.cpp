@@ -5,8 +5,7 @@
 #include <functional>
 #include <map>
 
-#include "model/game_words.h"
-#include "model/version_text.h"
+#include "display/licence_text.h"
 
 namespace trelvin {
 
@@ -45,13 +44,6 @@ std::optional<int> wholeNumber(const std::string& text) {
     return std::atoi(text.c_str());
 }
 
-std::optional<ViewMode> viewNamed(const std::string& name) {
-    if (name == "all") return ViewMode::All;
-    if (name == side::kLes) return ViewMode::AsLes;
-    if (name == side::kLouka) return ViewMode::AsLouka;
-    return std::nullopt;
-}
-
 ReadArguments wrong(const std::string& problem) {
     return {std::nullopt, 2, {}, "trelvin-export: " + problem + "\n" + kUsage};
 }
@@ -86,7 +78,7 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
         {"--delay", [&](const std::string& o, const std::string& v) {
              return readNumber(o, v, kShortestDelay, kLongestDelay, result.delayMilliseconds); }},
         {"--view", [&](const std::string&, const std::string& v) {
-             const std::optional<ViewMode> mode = viewNamed(v);
+             const std::optional<ViewMode> mode = ViewModeNamed(v);
              if (mode) result.picture.view = *mode;
              return mode ? std::string() : "--view needs all, les or louka, not '" + v + "'"; }},
         {"--output", [&](const std::string&, const std::string& v) { result.output = v; return std::string(); }},

@@ -13,20 +13,16 @@
 #include <QSaveFile>
 #include <QVBoxLayout>
 
+#include "bridge/core_text.h"
+#include "display/course_texts.h"
 #include "export/whole_file.h"
 #include "history/player_csv.h"
-#include "widgets/course_chart.h"
 #include "session/replay_session.h"
+#include "widgets/course_chart.h"
 
 namespace trelvin {
 
 namespace {
-
-// The quantities in the words of the player panel.
-constexpr std::pair<Quantity, const char*> kCaptions[] = {
-    {Quantity::Territory, "Velikost uzemi"}, {Quantity::Nectar, "Mnozstvi nektaru"},
-    {Quantity::NectarPerHour, "Nektar za hodinu"}, {Quantity::Moves, "Pocet tahu"},
-    {Quantity::ArmyUnits, "Jednotky armady"}};
 
 constexpr int kChartMinimumHeight = 150;
 
@@ -51,7 +47,8 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
     row->addWidget(saveCsv);
     column->addLayout(row);
     column->addWidget(chart, 1);
-    for (const auto& [shown, caption] : kCaptions) quantity->addItem(QString::fromLatin1(caption), int(shown));
+    for (const QuantityChoice& choice : kQuantityChoices)
+        quantity->addItem(QString::fromLatin1(choice.caption), int(choice.quantity));
     saveCsv->setEnabled(false);
     saveCsv->setToolTip(kSaveCsvTip);
     // Room for the plot under the legend on any screen; more where the window has it.
@@ -75,8 +72,7 @@ void ChartsPanel::followOpened() {
     if (isVisible()) showOpened();
     const bool complete = session_.history().series.complete();
     saveCsv->setEnabled(session_.eventCount() >= 1 && complete);
-    saveCsv->setToolTip(complete ? kSaveCsvTip
-                                 : QStringLiteral("Pro takovy replay zapise CSV prikaz trelvin-dump --csv"));
+    saveCsv->setToolTip(complete ? kSaveCsvTip : FromUtf8(ChartsMissingText()));
 }
 
 void ChartsPanel::showEvent(QShowEvent* event) {

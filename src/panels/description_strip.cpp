@@ -3,12 +3,14 @@
 #include <QLabel>
 #include <QTime>
 
+#include "bridge/core_text.h"
+#include "bridge/date_text.h"
 #include "bridge/twips.h"
+#include "display/world_texts.h"
+#include "model/rule_error.h"
 #include "panels/designed_label.h"
-#include "model/checked_math.h"
-#include "widgets/clock_face.h"
-#include "bridge/position_texts.h"
 #include "session/replay_session.h"
+#include "widgets/clock_face.h"
 
 namespace trelvin {
 
@@ -53,20 +55,19 @@ DescriptionStrip::DescriptionStrip(const ReplaySession& session, QWidget* parent
 
 void DescriptionStrip::showTexts() {
     const WorldState& world = session_.world();
-    lbl->setText(ActionDescription(world));
-    lblTah->setText(PositionText(static_cast<std::int16_t>(session_.position()), world.eventCount));
+    lbl->setText(FromUtf8(DescriptionText(world)));
+    lblTah->setText(FromUtf8(PositionText(session_.position(), world.eventCount)));
     lblCas->setText(GeneralDateText(world.currentTime));
 }
 
 void DescriptionStrip::showClock() {
     pHod->setTime(std::nullopt);
-    const WorldState& world = session_.world();
     const int index = session_.position();
-    if (index < 1 || index > world.lastEventIndex())
+    const std::optional<DateTime> time = ClockTimeAt(session_.world(), index);
+    if (!time)
         throw RuleError(RuleError::Kind::OutOfRange,
                         "Index mimo rozsah: udalost " + std::to_string(index) + " neexistuje");
-    const DateTime& time = world.events[static_cast<std::size_t>(index)].time;
-    pHod->setTime(QTime(time.hour(), time.minute(), time.second()));
+    pHod->setTime(QTime(time->hour(), time->minute(), time->second()));
 }
 
 }  // namespace trelvin

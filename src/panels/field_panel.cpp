@@ -5,10 +5,9 @@
 
 #include "bridge/core_text.h"
 #include "bridge/twips.h"
+#include "display/world_texts.h"
 #include "panels/designed_label.h"
-#include "model/field_addressing.h"
 #include "session/replay_session.h"
-#include "view/field_details.h"
 
 namespace trelvin {
 
@@ -34,7 +33,7 @@ FieldPanel::FieldPanel(const ReplaySession& session, QWidget* parent)
 }
 
 void FieldPanel::m_Click(int index) {
-    const QString name = FromCore(FieldName(session_.world(), index));
+    const QString name = FromUtf8(FieldNameText(session_.world(), index));
     // A click on the field already named still refreshes the panel.
     if (txtPolicko->text() == name)
         txtPolicko_Change();
@@ -43,15 +42,13 @@ void FieldPanel::m_Click(int index) {
 }
 
 void FieldPanel::txtPolicko_Change() {
-    const WorldState& world = session_.world();
-    const std::string name = ToCore(txtPolicko->text());
-    if (!IsValidFieldName(world, name)) return;
-    const auto labels = InspectField(world, name, session_.viewMode());
-    if (!labels) return;
-    lblPVlastnik->setText(FromCore(labels->owner));
-    lblPTyp->setText(FromCore(labels->terrain));
-    lblPTypArmady->setText(FromCore(labels->armyType));
-    lblPPArmady->setText(FromCore(labels->armyCount));
+    const std::optional<FieldTexts> details =
+        FieldDetails(session_.world(), txtPolicko->text().toStdString(), session_.viewMode());
+    if (!details) return;
+    lblPVlastnik->setText(FromUtf8(details->owner));
+    lblPTyp->setText(FromUtf8(details->terrain));
+    lblPTypArmady->setText(FromUtf8(details->armyType));
+    lblPPArmady->setText(FromUtf8(details->armyCount));
 }
 
 }  // namespace trelvin

@@ -1,61 +1,78 @@
 #include "panels/help_menu.h"
 
+#include <QAction>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "bridge/core_text.h"
+#include "display/licence_text.h"
+#include "panels/playback_controls.h"
+
 namespace trelvin {
 
 namespace {
 
-QKeySequence keys(QKeyCombination combination) { return QKeySequence(combination); }
+// What an action does, in the words of its menu entry or button.
+QString actionText(const QAction& action) {
+    QString text = action.text();
+    text.remove(u'&');
+    if (text.endsWith(QStringLiteral("..."))) text.chop(3);
+    return text;
+}
+
+QString joined(const std::vector<const QAction*>& actions) {
+    QStringList texts;
+    for (const QAction* action : actions) texts << actionText(*action);
+    return texts.join(QStringLiteral(" / "));
+}
+
+// The menu's actions with a shortcut, submenus' included, in the menu's order.
+void addMenuRows(const QList<QAction*>& actions, std::vector<KeyRow>& rows) {
+    for (const QAction* action : actions) {
+        if (action->menu()) addMenuRows(action->menu()->actions(), rows);
+        if (action->shortcuts().isEmpty()) continue;
+        QStringList keys;
+        for (const QKeySequence& key : action->shortcuts()) keys << KeyText(key);
+        rows.push_back({keys.join(QStringLiteral(" / ")), actionText(*action)});
+    }
+}
 
 }  // namespace
 
-const std::vector<KeyRow>& KeyTable() {
-    static const std::vector<KeyRow> table{
-        {"Sipka vpravo / vlevo", "---->  /  <----: o akci vpred / zpet (ovladani po tazich)",
-         {keys(Qt::Key_Right), keys(Qt::Key_Left)}},
-        {"Home / End", "|<--  /  -->|: prvni / posledni akce (v obou rezimech)", {keys(Qt::Key_Home), keys(Qt::Key_End)}},
-        {"Mezernik", "Slide-show: spusti prehravani vpred jako -->, bezici zastavi jako II", {keys(Qt::Key_Space)}},
-        {"Ctrl+G", "Prejit na akci podle jejiho cisla", {keys(Qt::CTRL | Qt::Key_G)}},
-        {"Ctrl+Sipka vpravo / vlevo", "Dalsi / predchozi utok",
-         {keys(Qt::CTRL | Qt::Key_Right), keys(Qt::CTRL | Qt::Key_Left)}},
-        {"Ctrl+Shift+Sipka vpravo / vlevo", "Dalsi / predchozi dobyti veleni",
-         {keys(Qt::CTRL | Qt::SHIFT | Qt::Key_Right), keys(Qt::CTRL | Qt::SHIFT | Qt::Key_Left)}},
-        {"F8 / Shift+F8", "Dalsi / predchozi akce, ktera hlasila chybu", {keys(Qt::Key_F8), keys(Qt::SHIFT | Qt::Key_F8)}},
-        {"Ctrl+L", "Ukazat nebo skryt seznam akci", {keys(Qt::CTRL | Qt::Key_L)}},
-        {"Ctrl+P", "Ukazat nebo skryt prubeh hry", {keys(Qt::CTRL | Qt::Key_P)}},
-        {"Ctrl++ (Ctrl+=) / Ctrl+- / Ctrl+0 / F", "Mapu priblizit / oddalit / na 100 % / celou",
-         {keys(Qt::CTRL | Qt::Key_Plus), keys(Qt::CTRL | Qt::Key_Equal), keys(Qt::CTRL | Qt::Key_Minus),
-          keys(Qt::CTRL | Qt::Key_0), keys(Qt::Key_F)}},
-        {"Ctrl+H", "Zvyraznit akci na mape: zapnout / vypnout", {keys(Qt::CTRL | Qt::Key_H)}},
-        {"Ctrl + kolecko mysi", "Nad mapou ji priblizi nebo oddali kolem ukazatele, nad casovou osou jeji usek", {}},
-        {"Ctrl+O", "Soubor -> Otevrit", {keys(Qt::CTRL | Qt::Key_O)}},
-        {"Ctrl+E / Ctrl+Shift+E", "Soubor -> Exportovat obrazek / animaci",
-         {keys(Qt::CTRL | Qt::Key_E), keys(Qt::CTRL | Qt::SHIFT | Qt::Key_E)}},
-        {"Ctrl+Q", "Soubor -> Konec", {keys(Qt::CTRL | Qt::Key_Q)}},
-        {"F1", "Tato tabulka klaves", {keys(Qt::Key_F1)}},
-        {"Tab, Sipka nahoru / dolu", "Na dalsi ovladaci prvek; nahoru a dolu vybiraji ve skupine voleb", {}},
-    };
-    return table;
+QString KeyText(const QKeySequence& keys) {
+    QStringList parts;
+    for (int i = 0; i < keys.count(); ++i) {
+        const QKeyCombination combination = keys[i];
+        QString part;
+        if (combination.keyboardModifiers() & Qt::ControlModifier) part += QStringLiteral("Ctrl+");
+        if (combination.keyboardModifiers() & Qt::ShiftModifier) part += QStringLiteral("Shift+");
+        if (combination.keyboardModifiers() & Qt::AltModifier) part += QStringLiteral("Alt+");
+        switch (combination.key()) {
+            case Qt::Key_Right: part += QStringLiteral("Sipka vpravo"); break;
+            case Qt::Key_Left: part += QStringLiteral("Sipka vlevo"); break;
+            case Qt::Key_Up: part += QStringLiteral("Sipka nahoru"); break;
+            case Qt::Key_Down: part += QStringLiteral("Sipka dolu"); break;
+            case Qt::Key_Space: part += QStringLiteral("Mezernik"); break;
+            default: part += QKeySequence(combination.key()).toString(QKeySequence::PortableText);
+        }
+        parts << part;
+    }
+    return parts.join(QStringLiteral(", "));
 }
 
 QString AboutText() {
-    return QStringLiteral(
-               "<h3>Trelvin Replay %1</h3>"
-               "<p>Prohlizec zaznamu her (replayu) hry Trelvin: otevre jeden zaznam a ukaze svet akci po akci.</p>"
-               "<p><b>Cte</b> replaye hry Trelvin (<i>*.trp</i>): textovy soubor, jeden zaznam na radek, pole oddelena "
-               "strednikem, v kodovani Windows-1250 nebo UTF-8.<br>"
-               "<b>Zapisuje</b> jen na vyzadani: obrazky PNG a animace GIF a WebP (Soubor -&gt; Exportovat). "
-               "Zadna nastaveni neuklada.</p>"
-               "<p><b>Licence:</b> vsechna prava vyhrazena; licence ke kopirovani, uprave ani sireni zatim nebyla "
-               "udelena.<br>Pouziva Qt %2 (LGPL 3), giflib (MIT) a libwebp (BSD).</p>")
-        .arg(QStringLiteral(TRELVIN_VERSION), QString::fromLatin1(qVersion()));
+    QString text = QStringLiteral("<h3>Trelvin Replay %1</h3>"
+                                  "<p>Prohlizec zaznamu her (replayu) hry Trelvin: otevre jeden zaznam a ukaze svet "
+                                  "akci po akci.</p>")
+                       .arg(QStringLiteral(TRELVIN_VERSION));
+    for (const std::string& line : LicenceLines()) text += QStringLiteral("<p>") + FromUtf8(line).toHtmlEscaped() + "</p>";
+    return text + QStringLiteral("<p>Qt %1</p>").arg(QString::fromLatin1(qVersion()));
 }
 
 HelpMenu::HelpMenu(QWidget* parent)
@@ -67,6 +84,25 @@ HelpMenu::HelpMenu(QWidget* parent)
     connect(aboutAction, &QAction::triggered, this, &HelpMenu::showAbout);
 }
 
+void HelpMenu::listKeysOf(const PlaybackControls& controls, const QMenuBar& menus) {
+    controls_ = &controls;
+    menus_ = &menus;
+}
+
+std::vector<KeyRow> HelpMenu::keyRows() const {
+    std::vector<KeyRow> rows;
+    if (controls_)
+        for (const auto& [key, commands] : controls_->keyCommands()) rows.push_back({KeyText(key), joined(commands)});
+    if (menus_) addMenuRows(menus_->actions(), rows);
+    // What is no shortcut of an action.
+    rows.push_back({QStringLiteral("Ctrl + kolecko mysi"),
+                    QStringLiteral("Nad mapou ji priblizi nebo oddali kolem ukazatele, nad casovou osou jeji usek")});
+    rows.push_back({QStringLiteral("Prostredni tlacitko mysi"), QStringLiteral("Posouva usek casove osy")});
+    rows.push_back({QStringLiteral("Tab, Sipka nahoru / dolu"),
+                    QStringLiteral("Na dalsi ovladaci prvek; nahoru a dolu vybiraji ve skupine voleb")});
+    return rows;
+}
+
 void HelpMenu::showKeys() {
     // One table at a time; F1 again brings it to the front.
     if (auto* open = parentWidget()->findChild<QDialog*>(QStringLiteral("keyTable"))) {
@@ -74,16 +110,16 @@ void HelpMenu::showKeys() {
         open->activateWindow();
         return;
     }
+    const std::vector<KeyRow> rows = keyRows();
     auto* dialog = new QDialog(parentWidget());
     dialog->setObjectName(QStringLiteral("keyTable"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(QStringLiteral("Klavesy"));
-    auto* table = new QTableWidget(int(KeyTable().size()), 2, dialog);
+    auto* table = new QTableWidget(int(rows.size()), 2, dialog);
     table->setHorizontalHeaderLabels({QStringLiteral("Klavesa"), QStringLiteral("Co dela")});
-    for (int row = 0; row < int(KeyTable().size()); ++row) {
-        const KeyRow& key = KeyTable()[std::size_t(row)];
-        table->setItem(row, 0, new QTableWidgetItem(QString::fromLatin1(key.keys)));
-        table->setItem(row, 1, new QTableWidgetItem(QString::fromLatin1(key.does)));
+    for (int row = 0; row < int(rows.size()); ++row) {
+        table->setItem(row, 0, new QTableWidgetItem(rows[std::size_t(row)].keys));
+        table->setItem(row, 1, new QTableWidgetItem(rows[std::size_t(row)].does));
     }
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table->verticalHeader()->hide();

@@ -5,19 +5,23 @@
 #include <vector>
 
 #include <QKeySequence>
-#include <QList>
 #include <QMenu>
+#include <QString>
+
+class QMenuBar;
 
 namespace trelvin {
 
-// One row of the key table: the keys, as the table writes them and as sequences, and what they do.
+class PlaybackControls;
+
+// One row of the key table: the keys as the table writes them, and what they do.
 struct KeyRow {
-    const char* keys;
-    const char* does;
-    QList<QKeySequence> sequences;  // empty for keys that are no shortcut (a wheel, Tab)
+    QString keys;
+    QString does;
 };
 
-const std::vector<KeyRow>& KeyTable();
+// A key sequence in the table's words: "Ctrl+Sipka vpravo".
+QString KeyText(const QKeySequence& keys);
 
 // The text of "O programu".
 QString AboutText();
@@ -28,12 +32,21 @@ class HelpMenu : public QMenu {
 public:
     explicit HelpMenu(QWidget* parent);
 
+    // The table lists the keys of the control rows and the shortcut of every action in `menus`,
+    // as they stand when it is shown: it cannot tell of a key the window does not have.
+    void listKeysOf(const PlaybackControls& controls, const QMenuBar& menus);
+    std::vector<KeyRow> keyRows() const;
+
     QAction* const keysAction;
     QAction* const aboutAction;
 
 public slots:
     void showKeys();
     void showAbout();
+
+private:
+    const PlaybackControls* controls_ = nullptr;
+    const QMenuBar* menus_ = nullptr;
 };
 
 }  // namespace trelvin

@@ -1,5 +1,6 @@
 #include "panels/playback_controls.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 #include <QAction>
@@ -80,6 +81,7 @@ PlaybackControls::PlaybackControls(ReplaySession& session, PlaybackCommands& com
 }
 
 void PlaybackControls::bind(QPushButton* button, QAction* command, void (PlaybackControls::*handler)()) {
+    commandOf_[button] = command;
     connect(button, &QPushButton::clicked, this, handler);
     connect(command, &QAction::changed, button, [button, command] { button->setEnabled(command->isEnabled()); });
 }
@@ -110,8 +112,13 @@ void PlaybackControls::moveSlideRowOntoStepRow() {
     for (QPushButton* button : {cmdSBegin, cmdZ, cmdRZ, cmdS, cmdD, cmdRD, cmdSEnd}) button->move(button->x(), rowTop);
 }
 
-QPushButton* PlaybackControls::buttonForKey(int key) const {
-    const bool steps = stepMode();
+namespace {
+
+constexpr int kKeys[] = {Qt::Key_Right, Qt::Key_Left, Qt::Key_Home, Qt::Key_End, Qt::Key_Space};
+
+}  // namespace
+
+QPushButton* PlaybackControls::buttonForKey(int key, bool steps, bool playing) const {
     switch (key) {
         case Qt::Key_Left: return steps ? cmdBack : nullptr;
         case Qt::Key_Right: return steps ? cmdForw : nullptr;
@@ -119,15 +126,32 @@ QPushButton* PlaybackControls::buttonForKey(int key) const {
         case Qt::Key_End: return steps ? cmdEnd : cmdSEnd;
         case Qt::Key_Space:
             if (steps) return nullptr;
-            return session_.isPlaying() ? cmdS : cmdD;
+            return playing ? cmdS : cmdD;
         default: return nullptr;
     }
+}
+
+QPushButton* PlaybackControls::buttonForKey(int key) const { return buttonForKey(key, stepMode(), session_.isPlaying()); }
+
+std::vector<std::pair<QKeySequence, std::vector<const QAction*>>> PlaybackControls::keyCommands() const {
+    std::vector<std::pair<QKeySequence, std::vector<const QAction*>>> result;
+    for (const int key : kKeys) {
+        std::vector<const QAction*> commands;
+        for (const bool steps : {true, false})
+            for (const bool playing : {false, true})
+                if (const QPushButton* button = buttonForKey(key, steps, playing)) {
+                    const QAction* command = commandOf_.at(button);
+                    if (std::find(commands.begin(), commands.end(), command) == commands.end()) commands.push_back(command);
+                }
+        result.emplace_back(QKeySequence(key), commands);
+    }
+    return result;
 }
 
 void PlaybackControls::installKeys(QWidget* window) {
     // Window shortcuts yield to a focused text field, which claims its editing keys first.
     std::vector<std::pair<int, QShortcut*>> keys;
-    for (const int key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End, Qt::Key_Space}) {
+    for (const int key : kKeys) {
         auto* shortcut = new QShortcut(QKeySequence(key), window);
         // A click does nothing on a disabled button, as with the mouse.
         connect(shortcut, &QShortcut::activated, this, [this, key] {

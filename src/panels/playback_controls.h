@@ -4,6 +4,11 @@
 // and is enabled as the command is; the keys press the button of the mode shown.
 #include <array>
 #include <cstdint>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include <QKeySequence>
 
 #include <QWidget>
 
@@ -29,6 +34,8 @@ public:
     void installKeys(QWidget* window);
     // Whether the step row is shown (the control mode "Ovladat po tazich").
     bool stepMode() const;
+    // The keys of the rows, each with the commands it can press in either mode.
+    std::vector<std::pair<QKeySequence, std::vector<const QAction*>>> keyCommands() const;
 
     std::array<QRadioButton*, 2> ov;
     QPushButton* cmdBegin;
@@ -60,11 +67,14 @@ public slots:
 
 private:
     void bind(QPushButton* button, QAction* command, void (PlaybackControls::*handler)());
-    // The button a key presses in the mode shown; none when the mode has none for it.
+    // The button a key presses in a mode, while the show plays or not; none when the mode has
+    // none for it.
+    QPushButton* buttonForKey(int key, bool steps, bool playing) const;
     QPushButton* buttonForKey(int key) const;
 
     ReplaySession& session_;
     PlaybackCommands& commands_;
+    std::map<const QPushButton*, const QAction*> commandOf_;
 };
 
 }  // namespace trelvin

@@ -9,11 +9,12 @@
 #include <QSignalBlocker>
 #include <QStyle>
 
+#include "bridge/core_text.h"
 #include "bridge/twips.h"
+#include "display/world_texts.h"
 #include "panels/designed_label.h"
-#include "widgets/player_colors.h"
-#include "playback/player_texts.h"
 #include "session/replay_session.h"
+#include "widgets/player_colors.h"
 
 namespace trelvin {
 
@@ -64,8 +65,9 @@ void PlayerPanel::refreshList() {
         const int remembered = cmbHraci->currentIndex();
         cmbHraci->clear();
         // Each entry in its player's colour, as the charts draw the player.
-        const QStringList entries = PlayerListEntries(session_.world());
-        for (int i = 0; i < entries.size(); ++i) cmbHraci->addItem(PlayerColorMark(i + 1), entries[i]);
+        const std::vector<std::string> entries = PlayerEntries(session_.world());
+        for (std::size_t i = 0; i < entries.size(); ++i)
+            cmbHraci->addItem(PlayerColorMark(int(i) + 1), FromUtf8(entries[i]));
         cmbHraci->setCurrentIndex(remembered < cmbHraci->count() ? remembered : -1);
         widenDropDown(cmbHraci);
     }
@@ -75,11 +77,11 @@ void PlayerPanel::refreshList() {
 void PlayerPanel::cmbHraci_Click() {
     const int selected = cmbHraci->currentIndex();
     if (selected == -1) return;
-    const PlayerPanelTexts texts = PlayerPanelFor(session_.world(), selected + 1);
-    lblMnozstviNektaru->setText(texts.nectar);
-    lblPocetTahu->setText(texts.moves);
-    lblVeleni->setText(texts.headquarters);
-    lblVelikostUzemi->setText(texts.territory);
+    const PlayerStanding standing = PlayerStandingOf(session_.world(), selected + 1);
+    lblMnozstviNektaru->setText(FromUtf8(standing.nectar));
+    lblPocetTahu->setText(FromUtf8(standing.moves));
+    lblVeleni->setText(FromUtf8(standing.headquarters));
+    lblVelikostUzemi->setText(FromUtf8(standing.territory));
 }
 
 void PlayerPanel::cmbHraci_Change() { cmbHraci_Click(); }

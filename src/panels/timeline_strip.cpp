@@ -6,7 +6,9 @@
 #include <QLabel>
 #include <QTimer>
 
-#include "bridge/position_texts.h"
+#include "bridge/core_text.h"
+#include "bridge/date_text.h"
+#include "display/world_texts.h"
 #include "widgets/timeline.h"
 #include "session/replay_session.h"
 
@@ -40,7 +42,7 @@ void TimelineStrip::followPosition() {
     const WorldState& world = session_.world();
     const int position = session_.position();
     timeline->setPosition(position);
-    lblPosition->setText(PositionText(static_cast<std::int16_t>(position), world.eventCount));
+    lblPosition->setText(FromUtf8(PositionText(position, world.eventCount)));
     lblTime->setText(position >= 1 && position <= world.lastEventIndex()
                          ? GeneralDateText(world.events[std::size_t(position)].time)
                          : QString());

@@ -4,7 +4,7 @@
 
 #include <QCommandLineParser>
 
-#include "model/version_text.h"
+#include "display/licence_text.h"
 
 namespace trelvin {
 

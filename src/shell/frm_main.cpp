@@ -80,6 +80,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     buildCharts();
     mnuNapoveda = new trelvin::HelpMenu(this);
     menuBar()->addMenu(mnuNapoveda);
+    mnuNapoveda->listKeysOf(*controls, *menuBar());
     setTabOrderByLayout();
     controls->installKeys(this);
     setAcceptDrops(true);

@@ -17,20 +17,15 @@
 #include <QVBoxLayout>
 
 #include "bridge/core_text.h"
-#include "widgets/action_search.h"
+#include "bridge/date_text.h"
+#include "display/action_filter.h"
+#include "display/action_texts.h"
+#include "display/shown_text.h"
 #include "widgets/action_row_delegate.h"
-#include "bridge/position_texts.h"
 
 namespace trelvin {
 
 namespace {
-
-// A description's line breaks as new lines.
-QString multiline(const std::string& text) { return FromCore(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")); }
-
-QString playerName(const ActionPlayers& players, int player) {
-    return FromCore(players.names()[std::size_t(player)]);
-}
 
 // Writes the whole of one event: its number, time and keyword, its description, who it was by and
 // on whose field (when another's), and what it reported. Written by a cursor rather than parsed
@@ -50,26 +45,22 @@ void writeDetail(QTextDocument& document, const ActionLog& log, const ActionPlay
         cursor.insertBlock(paragraph, format);
         cursor.insertText(text, format);
     };
-    addParagraph(multiline(e.description).replace(u'\n', QChar::LineSeparator), {});
-    if (players && event <= players->size()) {
+    addParagraph(FromUtf8(ShownText(e.description)).replace(u'\n', QChar::LineSeparator), {});
+    if (players) {
         QStringList who;
-        const int actor = players->actor(event), reached = players->reached(event);
-        if (actor != ActionPlayers::kNobody) who << QStringLiteral("Hrac: ") + playerName(*players, actor);
-        if (reached != ActionPlayers::kNobody && reached != actor)
-            who << QStringLiteral("Na poli hrace: ") + playerName(*players, reached);
+        for (const std::string& line : WhoTexts(*players, event)) who << FromUtf8(line);
         if (!who.isEmpty()) addParagraph(who.join(dot), {});
     }
     QTextCharFormat failure;
     failure.setForeground(QColor(0xb0, 0x00, 0x00));
-    for (const std::string& message : e.messages) addParagraph(multiline(message), failure);
+    for (const std::string& message : e.messages) addParagraph(FromUtf8(ShownText(message)), failure);
     cursor.endEditBlock();
 }
 
 }  // namespace
 
 // The rows of the list: the events of one kind, of one player and found by the search, as
-// indexes into the log. Texts are made for the rows on screen only; the search texts once, when
-// the replay is shown, so that no keystroke of a search waits for them.
+// indexes into the log. Texts are made for the rows on screen only.
 class ActionListModel : public QAbstractTableModel {
 public:
     enum Column { Number, Time, Keyword, Summary, ColumnCount };
@@ -79,14 +70,10 @@ public:
     void setLog(const ActionLog* log, const ActionPlayers* players) {
         beginResetModel();
         log_ = log;
-        players_ = players;
         player_ = ActionPlayers::kNobody;
-        searchTexts_.clear();
-        if (log_) {
-            searchTexts_.reserve(std::size_t(log_->size()));
-            for (int i = 1; i <= log_->size(); ++i) searchTexts_.push_back(searchText(i).toCaseFolded());
-        }
-        refilter();
+        filter_ = {};  // the old search texts go before the new ones are made
+        filter_ = ActionFilter(log, players);
+        events_ = filter_.shown(kind_, player_, search_);
         endResetModel();
     }
 
@@ -94,8 +81,8 @@ public:
         beginResetModel();
         kind_ = kind;
         player_ = player;
-        search_ = ActionSearch(search);
-        refilter();
+        search_ = ActionSearch(search.toStdString());
+        events_ = filter_.shown(kind_, player_, search_);
         endResetModel();
     }
 
@@ -140,11 +127,7 @@ public:
             case Qt::ForegroundRole:
                 if (failed) return QColor(180, 0, 0);
                 break;
-            case Qt::ToolTipRole: {
-                QStringList texts{multiline(e.description)};
-                for (const std::string& text : e.messages) texts << multiline(text);
-                return texts.join(u'\n');
-            }
+            case Qt::ToolTipRole: return FromUtf8(ActionToolTip(e));
             case Qt::TextAlignmentRole:
                 if (index.column() == Number) return int(Qt::AlignRight | Qt::AlignVCenter);
                 break;
@@ -159,36 +142,12 @@ public:
     }
 
 private:
-    void refilter() {
-        events_.clear();
-        if (!log_) return;
-        const bool byPlayer = player_ != ActionPlayers::kNobody && players_;
-        for (int i = 1; i <= log_->size(); ++i) {
-            if (!log_->isOfKind(i, kind_)) continue;
-            if (byPlayer && !players_->concerns(i, player_)) continue;
-            if (!search_.isEmpty() && !found(i)) continue;
-            events_.push_back(i);
-        }
-    }
-
-    // What the search looks in: the event's keyword, its description and the names it mentions.
-    QString searchText(int event) const {
-        const LoggedEvent& e = log_->event(event);
-        return FromCore(e.keyword + " " + e.description + " " + e.subjects);
-    }
-    bool found(int event) const {
-        if (!search_.mayMatchFolded(searchTexts_[std::size_t(event - 1)])) return false;
-        // Few rows name a field in any case; their own text tells whether in this one.
-        return !search_.namesField() || search_.matches(searchText(event));
-    }
-
     const ActionLog* log_ = nullptr;
-    const ActionPlayers* players_ = nullptr;
+    ActionFilter filter_;
     EventKind kind_ = EventKind::All;
     int player_ = ActionPlayers::kNobody;
     ActionSearch search_;
     std::vector<int> events_;
-    std::vector<QString> searchTexts_;  // case-folded
 };
 
 void ActionTable::setHere(int row, int event) {
@@ -230,25 +189,10 @@ void ActionTable::paintEvent(QPaintEvent* event) {
     painter.drawText(label, Qt::AlignCenter, text);
 }
 
-namespace {
-
-struct KindChoice {
-    const char* caption;
-    EventKind kind;
-};
-constexpr KindChoice kKinds[] = {
-    {"Vse", EventKind::All},           {"Utoky", EventKind::Attacks},
-    {"Dobyti veleni", EventKind::HeadquartersCaptures}, {"Ekonomika", EventKind::Economy},
-    {"Presuny", EventKind::Moves},     {"Prubeh hry", EventKind::Lifecycle},
-    {"Chyby", EventKind::Failures},
-};
-
-}  // namespace
-
 ActionList::ActionList(QWidget* parent)
     : QWidget(parent), model_(new ActionListModel(this)), kinds_(new QComboBox(this)), players_(new QComboBox(this)),
       search_(new QLineEdit(this)), table_(new ActionTable(this)), detail_(new QTextBrowser(this)) {
-    for (const KindChoice& choice : kKinds) kinds_->addItem(QString::fromLatin1(choice.caption));
+    for (const KindChoice& choice : kKindChoices) kinds_->addItem(QString::fromLatin1(choice.caption));
     players_->addItem(QStringLiteral("Vsichni hraci"), ActionPlayers::kNobody);
     players_->setToolTip(QStringLiteral("Akce hrace a akce na jeho polich"));
     players_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -297,7 +241,7 @@ ActionList::ActionList(QWidget* parent)
     layout->addWidget(split, 1);
 
     connect(kinds_, &QComboBox::currentIndexChanged, this,
-            [this](int index) { setKind(kKinds[std::max(index, 0)].kind); });
+            [this](int index) { setKind(kKindChoices[std::size_t(std::max(index, 0))].kind); });
     connect(players_, &QComboBox::currentIndexChanged, this, [this](int index) {
         setPlayer(index > 0 ? players_->itemData(index).toInt() : ActionPlayers::kNobody);
     });
@@ -314,7 +258,7 @@ void ActionList::showReplay(const ActionLog* log, const ActionPlayers* players) 
         players_->clear();
         players_->addItem(QStringLiteral("Vsichni hraci"), ActionPlayers::kNobody);
         if (players)
-            for (int i = 0; i < int(players->names().size()); ++i) players_->addItem(playerName(*players, i), i);
+            for (int i = 0; i < int(players->names().size()); ++i) players_->addItem(FromUtf8(PlayerNameText(*players, i)), i);
     }
     model_->setLog(log, players);
     refilter();
@@ -326,9 +270,9 @@ void ActionList::setPosition(int position) {
 }
 
 void ActionList::setKind(EventKind kind) {
-    const int index = int(std::find_if(std::begin(kKinds), std::end(kKinds),
+    const int index = int(std::find_if(kKindChoices.begin(), kKindChoices.end(),
                                        [kind](const KindChoice& c) { return c.kind == kind; }) -
-                          std::begin(kKinds));
+                          kKindChoices.begin());
     {
         const QSignalBlocker quiet(kinds_);
         kinds_->setCurrentIndex(index);
@@ -353,7 +297,7 @@ void ActionList::setSearch(const QString& search) {
 }
 
 void ActionList::refilter() {
-    model_->setFilter(kKinds[std::max(kinds_->currentIndex(), 0)].kind,
+    model_->setFilter(kKindChoices[std::size_t(std::max(kinds_->currentIndex(), 0))].kind,
                       players_->currentData().isValid() ? players_->currentData().toInt() : ActionPlayers::kNobody,
                       search_->text());
     const bool nothing = model_->events().empty() && model_->filtered() && model_->log() && model_->log()->size() > 0;

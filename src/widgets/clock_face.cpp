@@ -44,8 +44,7 @@ void ClockFace::setTime(const std::optional<QTime>& time) {
     update();
 }
 
-// Grey marks, one per hour; hours blue, minutes red, seconds light grey on top. The hands
-// move in whole steps: the hour hand does not advance with the minutes.
+// Grey marks, one per hour; hours blue, minutes red, seconds light grey on top.
 void ClockFace::paintEvent(QPaintEvent* event) {
     QFrame::paintEvent(event);
     if (!dialShown_) return;
@@ -54,31 +53,30 @@ void ClockFace::paintEvent(QPaintEvent* event) {
     painter.setClipRect(contentsRect());
     painter.translate(contentsRect().topLeft());
     painter.scale(1.0 / kTwipsPerPixel, 1.0 / kTwipsPerPixel);
-    drawDial(painter, 24, 3, Rgb(100, 100, 100));
+    drawDial(painter, 3, Rgb(100, 100, 100));
     if (!time_) return;
-    drawHand(painter, static_cast<float>(time_->hour()), 24, 4, Rgb(0, 0, 255));
-    drawHand(painter, static_cast<float>(time_->minute()), 60, 2, Rgb(255, 0, 0));
-    drawHand(painter, static_cast<float>(time_->second()), 60, 1, Rgb(200, 200, 200));
+    const ClockHands hands = HandsAt(time_->hour(), time_->minute(), time_->second(), scaleHeight());
+    drawHand(painter, hands.centre, hands.hour, 4, Rgb(0, 0, 255));
+    drawHand(painter, hands.centre, hands.minute, 2, Rgb(255, 0, 0));
+    drawHand(painter, hands.centre, hands.second, 1, Rgb(200, 200, 200));
 }
 
 // Each mark is a circle of radius 1 drawn with the line width, so it shows as a dot: filled,
 // since a stroked outline this small would leave a hole in its middle.
-void ClockFace::drawDial(QPainter& painter, float marks, std::int16_t width,
-                         std::uint32_t colour) const {
+void ClockFace::drawDial(QPainter& painter, std::int16_t width, std::uint32_t colour) const {
     const double radius = 1 + width * kTwipsPerPixel / 2.0;
     painter.setPen(Qt::NoPen);
     painter.setBrush(ColourOf(colour));
-    for (const ClockPoint& centre : DialMarks(marks, scaleHeight()))
+    for (const ClockPoint& centre : DialMarks(kDialMarks, scaleHeight()))
         painter.drawEllipse(At(centre), radius, radius);
     painter.setBrush(Qt::NoBrush);
 }
 
 // Line widths are pixels whatever the scale.
-void ClockFace::drawHand(QPainter& painter, float value, float turn, std::int16_t width,
+void ClockFace::drawHand(QPainter& painter, ClockPoint from, ClockPoint to, std::int16_t width,
                          std::uint32_t colour) const {
-    const int height = scaleHeight();
     painter.setPen(QPen(ColourOf(colour), width * kTwipsPerPixel, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(At(ClockCentre(height)), At(HandEnd(value, turn, height)));
+    painter.drawLine(At(from), At(to));
 }
 
 }  // namespace trelvin

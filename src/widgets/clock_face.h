@@ -8,6 +8,8 @@
 #include <QFrame>
 #include <QTime>
 
+#include "display/clock_geometry.h"
+
 class QPainter;
 
 namespace trelvin {
@@ -32,9 +34,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void drawDial(QPainter& painter, float marks, std::int16_t width, std::uint32_t colour) const;
-    void drawHand(QPainter& painter, float value, float turn, std::int16_t width,
-                  std::uint32_t colour) const;
+    void drawDial(QPainter& painter, std::int16_t width, std::uint32_t colour) const;
+    void drawHand(QPainter& painter, ClockPoint from, ClockPoint to, std::int16_t width, std::uint32_t colour) const;
 
     bool dialShown_ = false;
     std::optional<QTime> time_;

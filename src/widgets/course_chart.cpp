@@ -14,9 +14,10 @@
 #include <QValueAxis>
 
 #include "bridge/core_text.h"
+#include "bridge/date_text.h"
+#include "display/course_texts.h"
 #include "history/course_lines.h"
 #include "widgets/player_colors.h"
-#include "bridge/position_texts.h"
 
 namespace trelvin {
 
@@ -35,8 +36,6 @@ double tickInterval(int eventCount) {
         if (step * magnitude >= raw) return step * magnitude;
     return 10 * magnitude;
 }
-
-QString entryOf(const PlayerIdentity& who) { return FromCore(who.name + " (" + who.side + ")"); }
 
 QColor withAlpha(QColor color, qreal alpha) {
     color.setAlphaF(float(alpha));
@@ -79,9 +78,7 @@ void CourseChart::showReplay(const ReplayHistory& history, int eventCount) {
     history_ = &history;
     eventCount_ = std::min({eventCount, history.log.size(), history.series.eventCount()});
     hidden_.assign(std::size_t(history.series.placeCount()), false);
-    chart()->setTitle(history.series.complete() ? QString()
-                                                : QStringLiteral("Grafy nejsou k dispozici: replay ma prilis mnoho "
-                                                                 "hracu nebo zmen"));
+    chart()->setTitle(history.series.complete() ? QString() : FromUtf8(ChartsMissingText()));
     rebuild();
 }
 
@@ -164,7 +161,7 @@ void CourseChart::addPlayer(int place) {
         mark->setBorderColor(color.darker(170));
         add(mark, ends);
     }
-    series.front()->setName(entryOf(history_->series.lastHolder(place)));
+    series.front()->setName(FromUtf8(PlayerEntryText(history_->series.lastHolder(place))));
     legendOf_[std::size_t(place - 1)] = chart()->legend()->markers(series.front()).value(0);
     if (QLegendMarker* entry = legendOf_[std::size_t(place - 1)])
         connect(entry, &QLegendMarker::clicked, this, [this, place] { setPlayerShown(place, !playerShown(place)); });
@@ -244,9 +241,8 @@ QString CourseChart::hoverText(int event) const {
         const std::optional<PlayerSeries::Entry> entry = history_->series.at(event, place);
         if (!playerShown(place) || !entry) continue;
         text += QStringLiteral("<br><span style=\"color:%1\">&#9632;</span> %2: %3")
-                    .arg(PlayerColor(place).name(), entryOf(*entry->who).toHtmlEscaped(),
-                         entry->standing.playing ? QString::number(entry->standing.value(quantity_))
-                                                 : QStringLiteral("Uz nehraje"));
+                    .arg(PlayerColor(place).name(), FromUtf8(PlayerEntryText(*entry->who)).toHtmlEscaped(),
+                         FromUtf8(StandingText(entry->standing, quantity_)));
     }
     return text + QStringLiteral("</p>");
 }

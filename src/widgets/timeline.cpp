@@ -12,7 +12,8 @@
 #include <QWheelEvent>
 
 #include "bridge/core_text.h"
-#include "bridge/position_texts.h"
+#include "bridge/date_text.h"
+#include "display/action_texts.h"
 
 namespace trelvin {
 
@@ -27,26 +28,11 @@ constexpr double kZoomStep = 1.5;
 constexpr int kTickSpacing = 4;
 constexpr int kCountPixels = 9;
 
-QColor colourOf(int kind) {
+QColor colourOf(TimelineMark kind) {
     // Hour, day, start, end of protection, capture, failure.
     static const QColor colours[] = {QColor(150, 150, 150), QColor(90, 90, 90),  QColor(40, 150, 60),
                                      QColor(40, 90, 220),   QColor(200, 30, 30), QColor(240, 150, 0)};
-    return colours[kind];
-}
-
-bool sameDay(const DateTime& a, const DateTime& b) {
-    return a.day() == b.day() && a.month() == b.month() && a.year() == b.year();
-}
-
-QString familyName(ActionFamily family) {
-    switch (family) {
-        case ActionFamily::Lifecycle: return QStringLiteral("prubeh hry");
-        case ActionFamily::Attack: return QStringLiteral("utok");
-        case ActionFamily::Move: return QStringLiteral("presun");
-        case ActionFamily::Economy: return QStringLiteral("ekonomika");
-        case ActionFamily::None: break;
-    }
-    return QStringLiteral("akce bez pravidla");
+    return colours[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace
@@ -66,18 +52,8 @@ QSize Timeline::minimumSizeHint() const { return {120, kBarAreaHeight + scroll_-
 
 void Timeline::showReplay(const ActionLog& log, int eventCount) {
     log_ = &log;
-    for (std::vector<int>& events : marks_) events.clear();
     eventCount_ = std::max(eventCount, 0);
-    const int logged = std::min(log.size(), eventCount_);
-    for (int i = 1; i <= logged; ++i) {
-        const LoggedEvent& e = log.event(i);
-        if (e.startsAnHour && i > 1) marks_[Hour].push_back(i);
-        if (i > 1 && !sameDay(e.time, log.event(i - 1).time)) marks_[Day].push_back(i);
-        if (e.action == Action::Start) marks_[Start].push_back(i);
-        if (e.action == Action::EndHoldFire) marks_[ProtectionEnd].push_back(i);
-        if (e.headquartersTaken) marks_[Capture].push_back(i);
-        if (!e.messages.empty()) marks_[Failure].push_back(i);
-    }
+    marks_ = TimelineMarksOf(log, eventCount_);
     first_ = std::min(1, eventCount_);
     last_ = eventCount_;
     setVisibleRange(first_, last_);
@@ -148,19 +124,19 @@ int Timeline::xOf(int event) const {
     return b.left() + int(std::lround(double(event - first_) / (last_ - first_) * (b.width() - 1)));
 }
 
-std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> Timeline::shown(MarkKind kind) const {
-    const std::vector<int>& events = marks_[kind];
+std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> Timeline::shown(TimelineMark kind) const {
+    const std::vector<int>& events = MarksOf(marks_, kind);
     return {std::lower_bound(events.begin(), events.end(), first_), std::upper_bound(events.begin(), events.end(), last_)};
 }
 
 bool Timeline::showsDays() const {
-    const auto [from, to] = shown(Hour);
+    const auto [from, to] = shown(TimelineMark::Hour);
     return (to - from) > 0 && bar().width() / (int(to - from) + 1) < kTickSpacing;
 }
 
-void Timeline::paintMarks(QPainter& painter, MarkKind kind, int top, int bottom) {
+void Timeline::paintMarks(QPainter& painter, TimelineMark kind, int top, int bottom) {
     const QColor colour = colourOf(kind);
-    const bool counted = kind == Capture || kind == Failure;
+    const bool counted = kind == TimelineMark::Capture || kind == TimelineMark::Failure;
     painter.setPen(colour);
     painter.setBrush(colour);
     int countsEnd = -1;  // where the last count drawn ends: counts never overlap
@@ -172,7 +148,7 @@ void Timeline::paintMarks(QPainter& painter, MarkKind kind, int top, int bottom)
         while (next != to && xOf(*next) == x) ++next;
         const int count = int(next - it);
         it = next;
-        if (kind == Capture)
+        if (kind == TimelineMark::Capture)
             painter.drawPolygon(QPolygon({QPoint(x - 3, top), QPoint(x + 3, top), QPoint(x, top + 5)}));
         else
             painter.drawLine(x, top, x, bottom);
@@ -195,11 +171,11 @@ void Timeline::paintEvent(QPaintEvent*) {
     QFont small = font();
     small.setPixelSize(kCountPixels);
     painter.setFont(small);
-    paintMarks(painter, showsDays() ? Day : Hour, middle + 4, b.bottom());
-    paintMarks(painter, Start, b.top(), b.bottom());
-    paintMarks(painter, ProtectionEnd, b.top(), b.bottom());
-    paintMarks(painter, Failure, b.top(), middle - 4);
-    paintMarks(painter, Capture, b.top(), b.top() + 5);
+    paintMarks(painter, showsDays() ? TimelineMark::Day : TimelineMark::Hour, middle + 4, b.bottom());
+    paintMarks(painter, TimelineMark::Start, b.top(), b.bottom());
+    paintMarks(painter, TimelineMark::ProtectionEnd, b.top(), b.bottom());
+    paintMarks(painter, TimelineMark::Failure, b.top(), middle - 4);
+    paintMarks(painter, TimelineMark::Capture, b.top(), b.top() + 5);
     if (position_ < 1) return;
     const QColor highlight = palette().color(QPalette::Highlight);
     if (position_ >= first_ && position_ <= last_) {
@@ -220,23 +196,17 @@ void Timeline::paintEvent(QPaintEvent*) {
 QString Timeline::hoverText(int x) const {
     if (eventCount_ == 0 || !log_) return {};
     const int event = eventAt(x);
-    QStringList lines{QStringLiteral("Akce %1 z %2").arg(event).arg(eventCount_)};
-    if (event < 1 || event > log_->size()) return lines.front();
-    const LoggedEvent& e = log_->event(event);
-    lines.front() += QStringLiteral(", ") + GeneralDateText(e.time);
-    QString kind = FromCore(e.keyword) + QStringLiteral(" (") + familyName(InfoOf(e.action).family) + u')';
-    if (e.headquartersTaken) kind += QStringLiteral(", dobyti veleni");
-    if (!e.messages.empty()) kind += QStringLiteral(", hlasila chybu");
-    lines << QStringLiteral("Druh: ") + kind << FromCore(e.summary);
     // Where many events share the pixel, what the marks there stand for.
-    const auto countAt = [&](MarkKind markKind) {
-        const auto [from, to] = shown(markKind);
+    const auto countAt = [&](TimelineMark kind) {
+        const auto [from, to] = shown(kind);
         return int(std::count_if(from, to, [&](int marked) { return xOf(marked) == xOf(event); }));
     };
-    const int captures = countAt(Capture), failures = countAt(Failure);
-    if (captures + failures > 1)
-        lines << QStringLiteral("Na tomto miste osy: %1 dobyti veleni, %2 akci s chybou").arg(captures).arg(failures);
-    return lines.join(u'\n');
+    const std::vector<std::string> lines =
+        TimelineHoverLines(*log_, event, eventCount_, countAt(TimelineMark::Capture), countAt(TimelineMark::Failure));
+    QStringList shown;
+    for (const std::string& line : lines) shown << FromUtf8(line);
+    if (event >= 1 && event <= log_->size()) shown.front() += QStringLiteral(", ") + GeneralDateText(log_->event(event).time);
+    return shown.join(u'\n');
 }
 
 void Timeline::request(int x) {

@@ -12,6 +12,7 @@
 
 #include <QWidget>
 
+#include "display/timeline_marks.h"
 #include "history/action_log.h"
 
 class QScrollBar;
@@ -64,17 +65,16 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    enum MarkKind { Hour, Day, Start, ProtectionEnd, Capture, Failure, KindCount };
 
     QRect bar() const;
     void request(int x);
     // The events of a kind within the range shown.
-    std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> shown(MarkKind kind) const;
-    void paintMarks(QPainter& painter, MarkKind kind, int top, int bottom);
+    std::pair<std::vector<int>::const_iterator, std::vector<int>::const_iterator> shown(TimelineMark kind) const;
+    void paintMarks(QPainter& painter, TimelineMark kind, int top, int bottom);
     void followRange();
 
     const ActionLog* log_ = nullptr;
-    std::array<std::vector<int>, KindCount> marks_;  // the events of each kind, in order
+    TimelineMarks marks_;
     int eventCount_ = 0;
     int position_ = 0;
     int requested_ = 0;

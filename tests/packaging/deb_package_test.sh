@@ -47,7 +47,7 @@ for program in trelvin-replay trelvin-dump trelvin-export; do
     fail "$program --help"
   version="$(env -u DISPLAY "$root/usr/games/$program" --version)"
   [ "$(head -n 1 <<< "$version")" = "$program $(dpkg-deb -f "$deb" Version)" ] || fail "$program --version: $version"
-  grep -qF "GNU GPL version 3 or later" <<< "$version" || fail "$program --version names no licence: $version"
+  grep -qF "GPL-3.0-or-later" <<< "$version" || fail "$program --version names no licence: $version"
   status=0
   env -u DISPLAY "$root/usr/games/$program" --no-such-option > /dev/null 2> "$work/usage" || status=$?
   [ "$status" -eq 2 ] && grep -qi "usage" "$work/usage" || fail "$program with a wrong option: $status"

@@ -15,7 +15,7 @@
 #include "panels/view_mode_panel.h"
 #include "widgets/clock_face.h"
 #include "widgets/course_chart.h"
-#include "bridge/position_texts.h"
+#include "bridge/date_text.h"
 #include "widgets/timeline.h"
 #include "support/session_fixture.h"
 

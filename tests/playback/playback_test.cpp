@@ -5,7 +5,6 @@
 #include "playback/playback.h"
 #include "support/recording_reporter.h"
 #include "support/replays.h"
-#include "widgets/action_search.h"
 
 using trelvin::Playback;
 using trelvin::testing::Range;
@@ -183,37 +182,6 @@ private slots:
         QCOMPARE(r.announced, (std::vector<std::pair<int, int>>{{1, 10}, {2, 10}}));
         QCoreApplication::processEvents();
         QCOMPARE(r.announced.size(), std::size_t{2});
-    }
-
-    // A field's name is found whole and in its case; other text anywhere, in any case.
-    void theSearchFindsFieldNamesWholeAndOtherTextAnywhere() {
-        const struct {
-            const char* search;
-            const char* row;
-            bool found;
-        } cases[] = {
-            {"B3", "Utok z B3 (Karel) na B4", true},  {"B3", "Pohyb z B37 na B38", false},
-            {"B3", "Pohyb z b3 na A1", false},        {"b3", "Pohyb z b3 na A1", true},
-            {"b3", "Pohyb z B3 na A1", false},        {"B3", "AB3 B30", false},
-            {"B3", "B37 a pak (B3)", true},           {"B3", "B3", true},
-            {" B3 ", "Nakup na B3.", true},           {"B3", "1B3", false},
-            {"jana", "Dobyto veleni hrace Jana", true}, {"tok z b", "Utok z B3", true},
-            {"B", "Utok z B3", true},
-        };
-        for (const auto& c : cases) {
-            const trelvin::ActionSearch search{QString::fromLatin1(c.search)};
-            QVERIFY2(search.matches(QString::fromLatin1(c.row)) == c.found,
-                     qPrintable(QStringLiteral("'%1' in '%2'").arg(c.search, c.row)));
-            // The list asks the folded text first: it may not lose a row, nor keep one of other text.
-            const bool mayMatch = search.mayMatchFolded(QString::fromLatin1(c.row).toCaseFolded());
-            const QString where = QStringLiteral("'%1' in the folded '%2'").arg(c.search, c.row);
-            if (!search.namesField()) QVERIFY2(mayMatch == c.found, qPrintable(where));
-            else if (c.found) QVERIFY2(mayMatch, qPrintable(where));
-        }
-        QVERIFY(trelvin::ActionSearch("B37").namesField());
-        QVERIFY(trelvin::ActionSearch(QString::fromUtf8("\u0160" "0")).namesField());  // a column past Z
-        QVERIFY(!trelvin::ActionSearch("Jana2").namesField());
-        QVERIFY(!trelvin::ActionSearch("37").namesField());
     }
 };
 

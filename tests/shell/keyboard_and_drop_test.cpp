@@ -59,23 +59,19 @@ private slots:
         }
     }
 
-    // Napoveda -> Klavesy (F1) lists every key the window has.
-    void theKeyTableNamesEveryKeyOfTheWindow() {
+    // Napoveda -> Klavesy (F1) lists the keys of the rows and of the menus in the words of the
+    // window: the command each presses, the menu entry each triggers.
+    void theKeyTableTellsWhatEachKeyDoes() {
         Window t;
-        QList<QKeySequence> listed;
-        for (const trelvin::KeyRow& row : trelvin::KeyTable()) listed += row.sequences;
-        QStringList missing;
-        for (const QAction* action : t.window->findChildren<QAction*>())
-            for (const QKeySequence& key : action->shortcuts())
-                if (!listed.contains(key)) missing << action->text() + ": " + key.toString();
-        for (const QShortcut* shortcut : t.window->findChildren<QShortcut*>())
-            if (!listed.contains(shortcut->key())) missing << shortcut->key().toString();
-        QVERIFY2(missing.isEmpty(), qPrintable(missing.join(", ")));
         QCOMPARE(t.window->mnuNapoveda->keysAction->shortcut(), QKeySequence(Qt::Key_F1));
         t.window->mnuNapoveda->keysAction->trigger();
         auto* table = t.window->findChild<QDialog*>("keyTable")->findChild<QTableWidget*>();
-        QCOMPARE(table->rowCount(), int(trelvin::KeyTable().size()));
-        QCOMPARE(table->item(0, 0)->text(), QString("Sipka vpravo / vlevo"));
+        QStringList rows;
+        for (int row = 0; row < table->rowCount(); ++row) rows << table->item(row, 0)->text() + ": " + table->item(row, 1)->text();
+        for (const char* row : {"Sipka vpravo: O akci vpred", "Mezernik: Prehravat / Zastavit", "Ctrl+G: Na akci",
+                                "Ctrl+Shift+Sipka vpravo: Dalsi dobyti veleni", "Ctrl++ / Ctrl+=: Priblizit mapu",
+                                "F1: Klavesy"})
+            QVERIFY2(rows.contains(row), qPrintable(rows.join(", ")));
         t.window->mnuNapoveda->keysAction->trigger();  // one table at a time
         QCOMPARE(t.window->findChildren<QDialog*>("keyTable").size(), 1);
     }

@@ -4,7 +4,7 @@
 #include "model/field_addressing.h"
 #include "panels/description_strip.h"
 #include "panels/fitting_label.h"
-#include "bridge/position_texts.h"
+#include "bridge/date_text.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;

@@ -1,9 +1,7 @@
-#include "bridge/position_texts.h"
+#include "bridge/date_text.h"
 
 #include <QDate>
 #include <QTime>
-
-#include "bridge/core_text.h"
 
 namespace trelvin {
 
@@ -23,14 +21,6 @@ QString WithoutTimeZone(const QString& format) {
 }
 
 }  // namespace
-
-QString ActionDescription(const WorldState& world) {
-    return FromCore(world.actionText).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-}
-
-QString PositionText(std::int16_t position, std::int16_t eventCount) {
-    return QStringLiteral("%1 (%2)").arg(position).arg(eventCount);
-}
 
 QString GeneralDateText(const DateTime& t, const QLocale& locale) {
     const QString date =
