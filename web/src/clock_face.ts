@@ -31,18 +31,19 @@ export class ClockFace {
       context.arc(x, y, dot, 0, 2 * Math.PI);
       context.fill();
     }
-    if (!clock.hands) return;
+    const { hands, centre } = clock;
+    if (!hands || !centre) return;
     const hand = (end: Point, width: number, colour: string) => {
       context.strokeStyle = colour;
       context.lineWidth = width * unitsPerPixel;
       context.lineCap = "round";
       context.beginPath();
-      context.moveTo(clock.centre[0], clock.centre[1]);
+      context.moveTo(centre[0], centre[1]);
       context.lineTo(end[0], end[1]);
       context.stroke();
     };
-    hand(clock.hands[0], 4, "rgb(0, 0, 255)");
-    hand(clock.hands[1], 2, "rgb(255, 0, 0)");
-    hand(clock.hands[2], 1, "rgb(200, 200, 200)");
+    hand(hands[0], 4, "rgb(0, 0, 255)");
+    hand(hands[1], 2, "rgb(255, 0, 0)");
+    hand(hands[2], 1, "rgb(200, 200, 200)");
   }
 }

@@ -50,7 +50,7 @@ export type Point = [number, number];
 
 export interface Clock {
   marks: Point[];
-  centre: Point;
+  centre?: Point;
   hands?: [Point, Point, Point];
   handTime?: [number, number, number];
 }
@@ -97,12 +97,57 @@ export interface Replay {
   clock(scaleHeight: number): Clock;
   fieldName(k: number): string;
   inspectField(name: string): FieldInspection | null;
+  // "name (side)" of each player, and the chosen one's four values.
+  playerEntries(): string[];
+  playerStanding(player: number): [string, string, string, string];
   nearest(kind: ActionKind, forward: boolean): number;
+  // Every player's standing after every action; "" without the series.
   csv(): string;
+  // Hours, days, start, end of protection, captures, failures.
+  timelineMarks(): Int32Array[];
+  timelineHover(event: number, captures: number, failures: number): string[];
+  eventTime(event: number): number[] | null;
+  // Why the replay has no charts; "" when it has them.
+  chartsMissing(): string;
+  chartPlayers(): number;
+  chartPlayerEntry(place: number): string;
+  courseLines(place: number, quantity: number): CourseLine[];
+  // [entry, value] of a player at an action; null where the place was empty.
+  standingAt(event: number, place: number, quantity: number): [string, string] | null;
+  delete(): void;
+}
+
+export interface CourseLine {
+  events: Int32Array;
+  values: Int32Array;
+  endsOut: boolean;
+}
+
+export interface ActionDetail {
+  time: number[];
+  keyword: string;
+  description: string;
+  who: string[];
+  messages: string[];
+}
+
+// The action list's rows over one opened replay.
+export interface ActionRows {
+  shown(kind: number, player: number, search: string): Int32Array;
+  // [time parts, keyword, summary, failed]
+  row(event: number): [number[], string, string, boolean];
+  toolTip(event: number): string;
+  detail(event: number): ActionDetail;
+  playerNames(): string[];
+  delete(): void;
 }
 
 export interface CoreModule {
   Replay: new () => Replay;
+  ActionRows: new (replay: Replay) => ActionRows;
+  kindCaptions(): string[];
+  quantityCaptions(): string[];
+  licenceText(): { version: string; lines: string[] };
 }
 
 export function startCore(): Promise<CoreModule> {
