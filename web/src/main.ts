@@ -9,6 +9,11 @@ import { momentFragment, readMoment, type Moment } from "./link";
 import { FieldPictures, naturalFieldPixels } from "./map/field_pictures";
 import { MapView } from "./map/map_view";
 import { fetchedBytes, fileBytes, LoadProgress, type ReplayBytes } from "./replay_bytes";
+import { ActionList } from "./panels/action_list";
+import { showAbout } from "./panels/about";
+import { Charts } from "./panels/charts";
+import { Timeline } from "./panels/timeline";
+import { dateTimeText } from "./date_text";
 import { Viewer } from "./viewer";
 
 // Connections are refused but for the replay a link names: a second policy narrows the page's.
@@ -61,6 +66,26 @@ async function main(): Promise<void> {
   const viewer = new Viewer(new core.Replay(), map);
   const picker = element<HTMLInputElement>("replay-file");
   const status = element("status");
+  const jump = (event: number) => viewer.jumpTo(event);
+  const timeline = new Timeline(viewer.replay);
+  const list = new ActionList(core, viewer.replay);
+  const charts = new Charts(core, viewer.replay);
+  timeline.onJump = list.onJump = charts.onJump = (event) => {
+    if (event !== viewer.replay.position()) jump(event);
+  };
+  charts.onCsv = (csv) => download(`${baseName(viewer.replayFile?.name ?? "replay")}.csv`, "text/csv", csv);
+  viewer.openers.push(() => timeline.showReplay(), () => list.showReplay(), () => charts.showReplay());
+  viewer.followers.push((position) => {
+    timeline.setPosition(position);
+    element("timeline-position").textContent = viewer.replay.positionText();
+    const time = viewer.replay.eventTime(position);
+    element("timeline-time").textContent = time ? dateTimeText(time) : "";
+    list.setPosition(position);
+    charts.setPosition(position);
+  });
+  element("toggle-list").addEventListener("click", () => list.toggle());
+  element("toggle-charts").addEventListener("click", () => charts.toggle());
+  element("show-about").addEventListener("click", () => showAbout(core));
 
   const openFile = (file: File) => openReplay(viewer, (progress) => fileBytes(file, progress), file.name);
   element("open").addEventListener("click", () => picker.click());
@@ -123,7 +148,13 @@ async function main(): Promise<void> {
     zoomOut: () => map.zoomOut(),
     zoomReset: () => map.setFieldPixels(naturalFieldPixels),
     zoomFit: () => map.zoomToFit(),
-    extra: [],
+    extra: [(event) => {
+      if (!(event.ctrlKey || event.metaKey) || event.shiftKey) return false;
+      if (event.key === "l" || event.key === "L") list.toggle();
+      else if (event.key === "p" || event.key === "P") charts.toggle();
+      else return false;
+      return true;
+    }],
   });
   element<HTMLButtonElement>("open").disabled = false;
 

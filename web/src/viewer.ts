@@ -8,6 +8,7 @@ import { keepMoment, type Moment } from "./link";
 import { MapView } from "./map/map_view";
 import { MessageBoxes } from "./message_boxes";
 import { Playback } from "./playback";
+import { PlayerPanel } from "./panels/player_panel";
 import type { ReplayBytes } from "./replay_bytes";
 
 export class Viewer {
@@ -17,8 +18,11 @@ export class Viewer {
   private readonly highlight = element<HTMLInputElement>("highlight");
   private readonly fieldName = element<HTMLInputElement>("field-name");
   private readonly status = element<HTMLOutputElement>("status");
+  private readonly players: PlayerPanel;
   private opened?: { name: string; bytes: Uint8Array };
-  // Whatever follows the position besides the map and the texts: the list, the timeline, ...
+  // What shows the whole replay (the timeline, the list, the charts), told of each one opened,
+  // and then of every position.
+  readonly openers: Array<() => void> = [];
   readonly followers: Array<(position: number) => void> = [];
 
   constructor(readonly replay: Replay, readonly map: MapView) {
@@ -31,6 +35,7 @@ export class Viewer {
       boxesOpen: () => this.boxes.open,
       whenBoxesClosed: (then) => this.boxes.whenClosed(then),
     });
+    this.players = new PlayerPanel(replay);
     map.onFieldClicked = (k) => this.fieldClicked(k);
     map.fieldNameOf = (k) => replay.fieldName(k);
     map.onZoomChanged = () => this.keepLink();
@@ -56,6 +61,7 @@ export class Viewer {
     const result = this.replay.open(source.bytes, source.name, source.size, keepGoing);
     this.opened = { name: source.name, bytes: source.bytes };
     this.status.textContent = "";
+    for (const opener of this.openers) opener();
     const messages = [result.failure, ...result.reports.map((report) => report.text)].filter((text) => text);
     this.map.setGrid(result.grid, this.map.fieldPixels);
     element("drop-hint").hidden = true;
@@ -65,6 +71,7 @@ export class Viewer {
     }
     this.boxes.show(...messages);
     this.fieldName.disabled = false;
+    this.players.enable();
     this.showTexts();
     for (const follow of this.followers) follow(result.position);
     this.playback.updateButtons();
@@ -138,6 +145,7 @@ export class Viewer {
     element("description").textContent = this.replay.description();
     element("position").textContent = this.replay.positionText();
     element("time").textContent = dateTimeText(this.replay.time());
+    this.players.refresh();
     this.clock.show(this.replay.clock(this.clock.scaleHeight));
   }
 
