@@ -36,6 +36,7 @@ EMSCRIPTEN_BINDINGS(trelvin_core) {
         .function("timelineHover", &TimelineHover)
         .function("eventTime", &EventTime)
         .function("chartsMissing", &ChartsMissing)
+        .function("chartEvents", &ChartEvents)
         .function("chartPlayers", &ChartPlayers)
         .function("chartPlayerEntry", &ChartPlayerEntry)
         .function("courseLines", &CourseLines)

@@ -53,6 +53,7 @@ val ActionRows::row(int event) const {
 std::string ActionRows::toolTip(int event) const { return ActionToolTip(cursor_.history().log.event(event)); }
 
 val ActionRows::detail(int event) const {
+    if (event < 1 || event > cursor_.history().log.size()) return val::null();
     const LoggedEvent& e = cursor_.history().log.event(event);
     std::vector<std::string> messages;
     for (const std::string& message : e.messages) messages.push_back(ShownText(message));
@@ -123,6 +124,11 @@ std::string ChartsMissing(const Replay& replay) {
     return replay.cursor().history().series.complete() ? std::string() : ChartsMissingText();
 }
 
+int ChartEvents(const Replay& replay) {
+    const ReplayHistory& history = replay.cursor().history();
+    return std::max(0, std::min({replay.eventCount(), history.log.size(), history.series.eventCount()}));
+}
+
 int ChartPlayers(const Replay& replay) {
     const PlayerSeries& series = replay.cursor().history().series;
     return series.complete() ? series.placeCount() : 0;
@@ -133,10 +139,9 @@ std::string ChartPlayerEntry(const Replay& replay, int place) {
 }
 
 val CourseLines(const Replay& replay, int place, int quantity) {
-    const ReplayHistory& history = replay.cursor().history();
-    const int last = std::min({replay.eventCount(), history.log.size(), history.series.eventCount()});
     val lines = val::array();
-    for (const CourseLine& line : CourseLinesOf(history.series, place, quantityAt(quantity), last)) {
+    const PlayerSeries& series = replay.cursor().history().series;
+    for (const CourseLine& line : CourseLinesOf(series, place, quantityAt(quantity), ChartEvents(replay))) {
         std::vector<int> events, values;
         for (const CoursePoint& point : line.points) {
             events.push_back(point.event);
@@ -152,6 +157,7 @@ val CourseLines(const Replay& replay, int place, int quantity) {
 }
 
 val StandingAt(const Replay& replay, int event, int place, int quantity) {
+    if (event < 1 || event > ChartEvents(replay)) return val::null();
     const std::optional<PlayerSeries::Entry> entry = replay.cursor().history().series.at(event, place);
     if (!entry) return val::null();
     return Strings({PlayerEntryText(*entry->who), StandingText(entry->standing, quantityAt(quantity))});

@@ -25,7 +25,8 @@ public:
     // One row: [time parts, keyword, summary, whether it reported a failure].
     val row(int event) const;
     std::string toolTip(int event) const;
-    // The whole action: time, keyword, description, who played it and on whose field, messages.
+    // The whole action: time, keyword, description, who played it and on whose field, messages;
+    // null for an action the pass did not log (after a failed load).
     val detail(int event) const;
     val playerNames() const;
 
@@ -51,6 +52,8 @@ val EventTime(const Replay& replay, int event);
 // The charts: whether the replay has them (else why not), the players, each one's lines of a
 // quantity as {events, values, endsOut}, and a player's value at an action (null for none).
 std::string ChartsMissing(const Replay& replay);
+// The actions charted: those the pass recorded.
+int ChartEvents(const Replay& replay);
 int ChartPlayers(const Replay& replay);
 std::string ChartPlayerEntry(const Replay& replay, int place);
 val CourseLines(const Replay& replay, int place, int quantity);

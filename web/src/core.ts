@@ -109,6 +109,8 @@ export interface Replay {
   eventTime(event: number): number[] | null;
   // Why the replay has no charts; "" when it has them.
   chartsMissing(): string;
+  // The actions charted: those the pass at opening recorded.
+  chartEvents(): number;
   chartPlayers(): number;
   chartPlayerEntry(place: number): string;
   courseLines(place: number, quantity: number): CourseLine[];
@@ -137,7 +139,7 @@ export interface ActionRows {
   // [time parts, keyword, summary, failed]
   row(event: number): [number[], string, string, boolean];
   toolTip(event: number): string;
-  detail(event: number): ActionDetail;
+  detail(event: number): ActionDetail | null;
   playerNames(): string[];
   delete(): void;
 }

@@ -92,7 +92,5 @@ function handle(event: KeyboardEvent, commands: KeyCommands): boolean {
     commands.zoomFit();
     return true;
   }
-  // A focused button takes Space itself.
-  if (event.key === " " && event.target instanceof HTMLButtonElement) return false;
   return commands.pressStepKey(event.key);
 }

@@ -42,6 +42,8 @@ async function openReplay(viewer: Viewer, read: (progress: LoadProgress) => Prom
     viewer.boxes.show(error instanceof Error ? error.message : String(error));
   } finally {
     progress.close();
+    // Tells the page's tests that an opening, good or bad, is over.
+    document.body.dataset.opened = String(Number(document.body.dataset.opened ?? 0) + 1);
   }
 }
 

@@ -53,7 +53,7 @@ test("the page's policy refuses a remote script and a connection", async () => {
   await page.close();
 });
 
-test("a replay shows the action's texts; a bad file the loader's message in a box, keeping what was shown", async () => {
+test("a replay shows the action's texts; a bad file the loader's message in a box", async () => {
   const opened = await openPage(browser.context);
   const { page } = opened;
   await openReplay(page, battle);

@@ -64,11 +64,11 @@ export async function expectSelfContained({ page, requests, errors }) {
 
 // Chooses a file through the "Otevrit" button's picker, as a user does.
 export async function openReplay(page, file) {
+  const opened = Number(await page.evaluate(() => document.body.dataset.opened ?? 0));
   const chooser = page.waitForEvent("filechooser");
   await page.click("#open");
   await (await chooser).setFiles(file);
-  await page.waitForFunction(() => document.getElementById("position").textContent !== "0" ||
-    document.querySelector("dialog[open]"));
+  await page.waitForFunction((before) => Number(document.body.dataset.opened ?? 0) > before, opened);
 }
 
 // The texts of the open message boxes, each closed with its OK, in order.
@@ -77,6 +77,8 @@ export async function closeBoxes(page) {
   while (await page.locator("#message[open]").count()) {
     texts.push(await page.textContent("#message-text"));
     await page.click("#message-ok");
+    // The next box opens once the closed one has told it.
+    await page.evaluate(() => new Promise((resolve) => setTimeout(resolve)));
   }
   return texts;
 }

@@ -193,15 +193,15 @@ export class ActionList {
 
   private showDetail(): void {
     const event = this.current >= 0 ? this.shown[this.current] : this.position;
+    const action = this.rows?.detail(event);
     this.detail.replaceChildren();
-    if (!this.rows || event < 1 || event > this.replay.eventCount()) {
+    if (!action) {
       const placeholder = document.createElement("p");
       placeholder.className = "placeholder";
       placeholder.textContent = "Popis vybrane akce";
       this.detail.append(placeholder);
       return;
     }
-    const action = this.rows.detail(event);
     const paragraph = (text: string, className = "") => {
       const p = document.createElement("p");
       p.textContent = text;

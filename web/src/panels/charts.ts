@@ -57,7 +57,7 @@ export class Charts {
     if (this.stale) return;
     this.missing.hidden = missing === "";
     this.missing.textContent = missing;
-    this.count = this.replay.eventCount();
+    this.count = this.replay.chartEvents();
     this.hidden = Array.from({ length: this.replay.chartPlayers() }, () => false);
     this.build();
   }
