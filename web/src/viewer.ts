@@ -11,6 +11,12 @@ import { Playback } from "./playback";
 import { PlayerPanel } from "./panels/player_panel";
 import type { ReplayBytes } from "./replay_bytes";
 
+// How long a move took, the map's paint included: the latest of each kind, for the benchmark.
+function measured(name: string, start: number): void {
+  performance.clearMeasures(name);
+  performance.measure(name, { start });
+}
+
 export class Viewer {
   readonly boxes = new MessageBoxes();
   readonly playback: Playback;
@@ -56,6 +62,7 @@ export class Viewer {
   // Opens a replay in the window's order: the loader's message, the first action's, the grid
   // (whose failure ends the opening there), the panels, the texts, the buttons.
   open(source: ReplayBytes, keepGoing?: (done: number, total: number) => boolean): OpenResult {
+    const start = performance.now();
     this.playback.halt();
     this.map.setGrid({ columns: 0, fields: 0, columnCaptions: [], rowCaptions: [] }, this.map.fieldPixels);
     const result = this.replay.open(source.bytes, source.name, source.size, keepGoing);
@@ -78,22 +85,27 @@ export class Viewer {
     this.playback.disableStop();
     for (const id of ["save-page", "copy-link", "jump-to"]) element<HTMLButtonElement>(id).disabled = false;
     this.keepLink();
+    measured("open", start);
     return result;
   }
 
   // A step of the buttons or the show: its reports in boxes, one after another.
   private step(move: () => MoveResult): void {
+    const start = performance.now();
     const result = move();
     this.boxes.show(...result.reports.map((report) => report.text));
     this.moved();
+    measured("step", start);
   }
 
   // Straight to an action, as the timeline, the list, the prompt and the jump keys go: what the
   // actions on the way reported goes to the status line.
   jumpTo(target: number): void {
     if (this.replay.position() < 1 || this.replay.eventCount() < 1) return;
+    const start = performance.now();
     const result = this.replay.jumpTo(target);
     this.moved();
+    measured("jump", start);
     const last = result.reports[result.reports.length - 1];
     this.status.textContent = last
       ? `Akce ${result.position}: pri opakovani akci ${result.reports.length} hlaseni, posledni: ${last.text}`

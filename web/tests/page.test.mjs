@@ -8,8 +8,9 @@ import { mkdtemp, readFile, rm } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import path from "node:path";
 import { pathToFileURL } from "node:url";
-import { battle, closeBoxes, dump, expectSelfContained, openPage, openReplay, pagePath, press, startBrowser, text }
-  from "./support.mjs";
+import { execFileSync } from "node:child_process";
+import { battle, closeBoxes, dump, expectSelfContained, nativeExport, openPage, openReplay, pagePath, press, startBrowser,
+  text } from "./support.mjs";
 
 let browser;
 let folder;
@@ -143,6 +144,18 @@ test("a page saved with its replay opens offline at the action it was saved at",
   assert.equal(copy.split('id="embedded-replay"').length, 2);
   await reopened.page.close();
 });
+
+test("trelvin-export --html writes the page that opens at its action in its way of viewing",
+  { skip: !nativeExport && "no native trelvin-export" }, async () => {
+    const exported = path.join(folder, "exported.html");
+    execFileSync(nativeExport, [battle, "--html", "--at", "12", "--view", "les", "-o", exported]);
+    const opened = await openPage(browser.context, pathToFileURL(exported).href);
+    await opened.page.waitForFunction(() => document.getElementById("position").textContent.startsWith("12 "));
+    assert.equal(await opened.page.isChecked("input[name=view][value=les]"), true);
+    assert.equal(new URL(opened.page.url()).hash, "#a=12&v=les&z=20&h=1");
+    await expectSelfContained(opened);
+    await opened.page.close();
+  });
 
 test("on a phone the map comes first and the page does not scroll sideways", async () => {
   const phone = await startBrowser({ viewport: { width: 390, height: 844 }, hasTouch: true, isMobile: true });

@@ -30,6 +30,7 @@ export async function startBrowser(options = {}) {
   });
   return {
     context,
+    profile,
     close: async () => {
       await context.close();
       await rm(profile, { recursive: true, force: true });

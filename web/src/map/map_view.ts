@@ -30,6 +30,8 @@ export class MapView {
   private pinch?: { distance: number; size: number };
   private wheelTurned = 0;
   private painting = false;
+  // The bands' colours and font, from the page's style: read once, not at every paint.
+  private style?: { background: string; text: string; font: string };
 
   // Called with a field clicked or tapped, and after the zoom or the view changed.
   onFieldClicked: (k: number) => void = () => {};
@@ -58,10 +60,11 @@ export class MapView {
     this.paint();
   }
 
+  // Painted at once: a move is over when its map is.
   setFrame(pictures: Uint8Array, marks: Marks | null): void {
     this.pictures = pictures;
     this.marks = marks ?? noMarks;
-    this.paint();
+    this.paintNow();
   }
 
   private rows(): number {
@@ -150,7 +153,11 @@ export class MapView {
     this.clampScroll();
     const context = this.canvas.getContext("2d", { alpha: false })!;
     context.imageSmoothingEnabled = false;
-    context.fillStyle = getComputedStyle(this.canvas).backgroundColor;
+    if (!this.style) {
+      const style = getComputedStyle(this.canvas);
+      this.style = { background: style.backgroundColor, text: style.color, font: style.fontFamily };
+    }
+    context.fillStyle = this.style.background;
     context.fillRect(0, 0, width, height);
     if (this.grid.fields === 0) return;
     // In device pixels: a field is a whole number of them, so that fields touch.
@@ -184,17 +191,17 @@ export class MapView {
   // The bands stick to the view's top and left edges; they meet in a corner of their own colour.
   private paintCaptions(context: CanvasRenderingContext2D, side: number, cornerX: number, cornerY: number,
     ratio: number): void {
-    const style = getComputedStyle(this.canvas);
+    const style = this.style!;
     const fontPixels = captionPixels * this.size / naturalFieldPixels;
     const legible = Math.trunc(fontPixels) >= smallestLegibleCaption;
-    context.font = `${Math.trunc(fontPixels) * ratio}px ${style.fontFamily}`;
+    context.font = `${Math.trunc(fontPixels) * ratio}px ${style.font}`;
     context.textAlign = "center";
     context.textBaseline = "middle";
     const paint = (x: number, y: number, caption: string) => {
-      context.fillStyle = style.backgroundColor;
+      context.fillStyle = style.background;
       context.fillRect(x, y, side, side);
       if (!legible) return;
-      context.fillStyle = style.color;
+      context.fillStyle = style.text;
       context.fillText(caption, x + side / 2, y + side / 2);
     };
     const top = Math.max(cornerY - side, 0), left = Math.max(cornerX - side, 0);
@@ -206,7 +213,7 @@ export class MapView {
       const y = cornerY + i * side;
       if (y + side > 0 && y < this.canvas.height) paint(left, y, caption);
     });
-    context.fillStyle = style.backgroundColor;
+    context.fillStyle = style.background;
     context.fillRect(left, top, side, side);
   }
 
