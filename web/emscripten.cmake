@@ -4,8 +4,8 @@ set(TRELVIN_BUILD_UI OFF)
 set(TRELVIN_BUILD_TESTS OFF)
 
 # Without them a thrown exception ends the module instead of reaching its catch.
-add_compile_options(-fexceptions)
-add_link_options(-fexceptions)
+add_compile_options(-fwasm-exceptions)
+add_link_options(-fwasm-exceptions)
 
 # Debian's nlohmann-json is header-only: the build sees its folder alone, since the rest of
 # /usr/include is the host's C library and would shadow emscripten's.

@@ -6,16 +6,20 @@ const unitsPerPixel = 15;
 const howToRead = "Cas akce na 24hodinovem ciferniku: hodiny modre, minuty cervene, sekundy sede";
 
 export class ClockFace {
+  // The face's side in pixels, inside its frame; the box keeps its size, so it is read once.
+  private side = 0;
+
   constructor(private readonly canvas: HTMLCanvasElement) {}
 
   // The box's height in scale units, which the core's geometry is given.
   get scaleHeight(): number {
-    return this.canvas.clientHeight * unitsPerPixel;
+    this.side ||= this.canvas.clientHeight;
+    return this.side * unitsPerPixel;
   }
 
   show(clock: Clock | null): void {
     const ratio = window.devicePixelRatio || 1;
-    const side = this.canvas.clientHeight;
+    const side = this.scaleHeight / unitsPerPixel;
     this.canvas.width = this.canvas.height = Math.round(side * ratio);
     const context = this.canvas.getContext("2d")!;
     context.clearRect(0, 0, this.canvas.width, this.canvas.height);

@@ -33,7 +33,20 @@ export function momentFragment(moment: Required<Moment>): string {
   return `#a=${moment.action}&v=${moment.view}&z=${moment.fieldPixels}&h=${moment.highlight ? 1 : 0}`;
 }
 
+// Replacing the address takes the browser a while: it is replaced after the move, and during a
+// slide show or a drag once the page rests for a moment, with the last moment asked for.
+const restPeriod = 150;
+let pending: string | undefined;
+let lastReplaced = 0;
+
 export function keepMoment(moment: Required<Moment>): void {
-  const fragment = momentFragment(moment);
-  if (location.hash !== fragment) history.replaceState(history.state, "", fragment);
+  const scheduled = pending !== undefined;
+  pending = momentFragment(moment);
+  if (scheduled) return;
+  const replace = () => {
+    if (pending !== undefined && location.hash !== pending) history.replaceState(history.state, "", pending);
+    pending = undefined;
+    lastReplaced = performance.now();
+  };
+  setTimeout(replace, Math.max(0, restPeriod - (performance.now() - lastReplaced)));
 }

@@ -26,6 +26,7 @@ export class Viewer {
   private readonly status = element<HTMLOutputElement>("status");
   private readonly players: PlayerPanel;
   private opened?: { name: string; bytes: Uint8Array };
+  private view: ViewName = "all";
   // What shows the whole replay (the timeline, the list, the charts), told of each one opened,
   // and then of every position.
   readonly openers: Array<() => void> = [];
@@ -132,6 +133,7 @@ export class Viewer {
   }
 
   setViewMode(view: ViewName): void {
+    this.view = view;
     const option = document.querySelector<HTMLInputElement>(`input[name=view][value=${view}]`);
     if (option) option.checked = true;
     this.replay.setViewMode(view);
@@ -139,7 +141,7 @@ export class Viewer {
   }
 
   get viewMode(): ViewName {
-    return (document.querySelector<HTMLInputElement>("input[name=view]:checked")?.value ?? "all") as ViewName;
+    return this.view;
   }
 
   setHighlight(on: boolean): void {

@@ -87,7 +87,7 @@ test("the marks lie over the pictures and the switch takes them away", async () 
   await press(page, "Control+h");
   await frame();
   assert.equal(await magenta(), 0);
-  assert.match(await page.evaluate(() => location.hash), /&h=0$/);
+  await page.waitForFunction(() => location.hash.endsWith("&h=0"));
   await page.close();
 });
 

@@ -106,7 +106,7 @@ test("the link follows the position, the view, the zoom and the marks; a page op
   const entries = await page.evaluate(() => history.length);
   await press(page, "ArrowRight", 2);
   await press(page, "Control+=");
-  assert.equal(new URL(page.url()).hash, "#a=27&v=les&z=40&h=0");
+  await page.waitForFunction(() => location.hash === "#a=27&v=les&z=40&h=0");
   assert.deepEqual(requests.filter((url) => !url.startsWith("data:")), [`${serverUrl}/trelvin-replay.html?replay=bitva.trp`, `${serverUrl}/bitva.trp`]);
   // No entry in the history for a step.
   assert.equal(await page.evaluate(() => history.length), entries);
@@ -135,7 +135,7 @@ test("a page saved with its replay opens offline at the action it was saved at",
   const reopened = await openPage(browser.context, pathToFileURL(saved).href);
   await reopened.page.waitForFunction(() => document.getElementById("position").textContent.startsWith("15 "));
   assert.equal(await reopened.page.isChecked("input[name=view][value=louka]"), true);
-  assert.equal(new URL(reopened.page.url()).hash, "#a=15&v=louka&z=20&h=1");
+  await reopened.page.waitForFunction(() => location.hash === "#a=15&v=louka&z=20&h=1");
   await expectSelfContained(reopened);
   // Saved again, it carries the replay once.
   const again = reopened.page.waitForEvent("download");
@@ -152,7 +152,7 @@ test("trelvin-export --html writes the page that opens at its action in its way 
     const opened = await openPage(browser.context, pathToFileURL(exported).href);
     await opened.page.waitForFunction(() => document.getElementById("position").textContent.startsWith("12 "));
     assert.equal(await opened.page.isChecked("input[name=view][value=les]"), true);
-    assert.equal(new URL(opened.page.url()).hash, "#a=12&v=les&z=20&h=1");
+    await opened.page.waitForFunction(() => location.hash === "#a=12&v=les&z=20&h=1");
     await expectSelfContained(opened);
     await opened.page.close();
   });

@@ -17,6 +17,13 @@ const smallestLegibleCaption = 6;
 const clickSlop = 4;
 const wheelNotch = 100;
 
+interface Rect {
+  x: number;
+  y: number;
+  width: number;
+  height: number;
+}
+
 const noMarks: Marks = { outlined: [], arrowFrom: 0, arrowTo: 0, capturedHeadquarters: 0 };
 
 export class MapView {
@@ -30,6 +37,10 @@ export class MapView {
   private pinch?: { distance: number; size: number };
   private wheelTurned = 0;
   private painting = false;
+  // What the canvas shows: its size, the field size and the grid's place when it was painted.
+  private painted = "";
+  // The canvas's size, followed by the resize observer rather than read at every paint.
+  private view = { width: 0, height: 0 };
   // The bands' colours and font, from the page's style: read once, not at every paint.
   private style?: { background: string; text: string; font: string };
 
@@ -38,7 +49,10 @@ export class MapView {
   onZoomChanged: (size: number) => void = () => {};
 
   constructor(private readonly canvas: HTMLCanvasElement, private readonly fieldPictures: FieldPictures) {
-    new ResizeObserver(() => this.paint()).observe(canvas);
+    new ResizeObserver(([entry]) => {
+      this.view = { width: entry.contentRect.width, height: entry.contentRect.height };
+      this.paint();
+    }).observe(canvas);
     canvas.addEventListener("pointerdown", (event) => this.pointerDown(event));
     canvas.addEventListener("pointermove", (event) => this.pointerMove(event));
     canvas.addEventListener("pointerup", (event) => this.pointerUp(event));
@@ -60,11 +74,13 @@ export class MapView {
     this.paint();
   }
 
-  // Painted at once: a move is over when its map is.
+  // Painted at once, only what changed: a move is over when its map is.
   setFrame(pictures: Uint8Array, marks: Marks | null): void {
+    const before = this.pictures, marksBefore = this.marks;
     this.pictures = pictures;
     this.marks = marks ?? noMarks;
-    this.paintNow();
+    if (before.length !== pictures.length) return this.paintNow();
+    for (const area of this.changedAreas(before, marksBefore)) this.paintNow(area);
   }
 
   private rows(): number {
@@ -81,7 +97,7 @@ export class MapView {
   }
 
   private viewSize(): { width: number; height: number } {
-    return { width: this.canvas.clientWidth, height: this.canvas.clientHeight };
+    return this.view;
   }
 
   private clampScroll(): void {
@@ -142,13 +158,15 @@ export class MapView {
     });
   }
 
-  paintNow(): void {
+  // Paints the whole view, or only `dirty` (in the canvas's pixels) when the view is as it was.
+  paintNow(dirty?: Rect): void {
     const ratio = window.devicePixelRatio || 1;
     const view = this.viewSize();
     const width = Math.round(view.width * ratio), height = Math.round(view.height * ratio);
     if (this.canvas.width !== width || this.canvas.height !== height) {
       this.canvas.width = width;
       this.canvas.height = height;
+      dirty = undefined;
     }
     this.clampScroll();
     const context = this.canvas.getContext("2d", { alpha: false })!;
@@ -157,16 +175,35 @@ export class MapView {
       const style = getComputedStyle(this.canvas);
       this.style = { background: style.backgroundColor, text: style.color, font: style.fontFamily };
     }
+    const layout = this.layout(ratio);
+    const key = `${width}x${height} ${layout.side} ${layout.cornerX},${layout.cornerY} ${this.grid.fields}`;
+    if (key !== this.painted) dirty = undefined;
+    this.painted = key;
+    const area = dirty ?? { x: 0, y: 0, width, height };
+    context.save();
+    context.beginPath();
+    context.rect(area.x, area.y, area.width, area.height);
+    context.clip();
     context.fillStyle = this.style.background;
-    context.fillRect(0, 0, width, height);
-    if (this.grid.fields === 0) return;
-    // In device pixels: a field is a whole number of them, so that fields touch.
+    context.fillRect(area.x, area.y, area.width, area.height);
+    if (this.grid.fields > 0) this.paintArea(context, area, layout, ratio);
+    context.restore();
+  }
+
+  // Where the grid stands in the canvas: a field is a whole number of its pixels, so that fields touch.
+  private layout(ratio: number): { side: number; band: number; cornerX: number; cornerY: number } {
     const side = Math.max(1, Math.round(this.size * ratio));
     const band = this.band() > 0 ? side : 0;
-    const cornerX = band - Math.round(this.scroll.x * ratio), cornerY = band - Math.round(this.scroll.y * ratio);
+    return { side, band, cornerX: band - Math.round(this.scroll.x * ratio), cornerY: band - Math.round(this.scroll.y * ratio) };
+  }
+
+  private paintArea(context: CanvasRenderingContext2D, area: Rect,
+    { side, band, cornerX, cornerY }: ReturnType<MapView["layout"]>, ratio: number): void {
     const columns = this.grid.columns, rows = this.rows();
-    const c0 = Math.max(0, Math.floor(-cornerX / side)), c1 = Math.min(columns - 1, Math.floor((width - cornerX) / side));
-    const r0 = Math.max(0, Math.floor(-cornerY / side)), r1 = Math.min(rows - 1, Math.floor((height - cornerY) / side));
+    const c0 = Math.max(0, Math.floor((area.x - cornerX) / side));
+    const c1 = Math.min(columns - 1, Math.floor((area.x + area.width - cornerX) / side));
+    const r0 = Math.max(0, Math.floor((area.y - cornerY) / side));
+    const r1 = Math.min(rows - 1, Math.floor((area.y + area.height - cornerY) / side));
     const strip = this.fieldPictures.strip(side);
     for (let r = r0; r <= r1; ++r) {
       for (let c = c0; c <= c1; ++c) {
@@ -182,10 +219,36 @@ export class MapView {
         }
       }
     }
-    const square = (k: number): Square =>
-      ({ x: cornerX + ((k - 1) % columns) * side, y: cornerY + Math.floor((k - 1) / columns) * side, side });
-    paintMarks(context, this.marks, side, square);
-    if (band > 0) this.paintCaptions(context, side, cornerX, cornerY, ratio);
+    paintMarks(context, this.marks, side, (k) => this.square(k, side, cornerX, cornerY));
+    if (band > 0 && (area.x < band || area.y < band)) this.paintCaptions(context, side, cornerX, cornerY, ratio);
+  }
+
+  private square(k: number, side: number, cornerX: number, cornerY: number): Square {
+    const columns = this.grid.columns;
+    return { x: cornerX + ((k - 1) % columns) * side, y: cornerY + Math.floor((k - 1) / columns) * side, side };
+  }
+
+  // The rectangles of the canvas that changed: the block of the fields whose picture changed,
+  // and those of the marks before and after.
+  private changedAreas(before: Uint8Array, marksBefore: Marks): Rect[] {
+    const ratio = window.devicePixelRatio || 1;
+    const { side, cornerX, cornerY } = this.layout(ratio);
+    const block = (fields: number[]): Rect[] => {
+      if (fields.length === 0) return [];
+      let left = Infinity, top = Infinity, right = -Infinity, bottom = -Infinity;
+      for (const k of fields) {
+        const square = this.square(k, side, cornerX, cornerY);
+        left = Math.min(left, square.x);
+        top = Math.min(top, square.y);
+        right = Math.max(right, square.x + side);
+        bottom = Math.max(bottom, square.y + side);
+      }
+      return [{ x: left, y: top, width: right - left, height: bottom - top }];
+    };
+    const marked = (marks: Marks) => [...marks.outlined, ...(marks.capturedHeadquarters ? [marks.capturedHeadquarters] : [])];
+    const changed: number[] = [];
+    for (let i = 0; i < this.pictures.length; ++i) if (before[i] !== this.pictures[i]) changed.push(i + 1);
+    return [...block(changed), ...block(marked(marksBefore)), ...block(marked(this.marks))];
   }
 
   // The bands stick to the view's top and left edges; they meet in a corner of their own colour.

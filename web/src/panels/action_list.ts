@@ -27,6 +27,10 @@ export class ActionList {
   private current = -1;
   private drawn = new Map<number, HTMLElement>();
   private filtered = false;
+  // The rows' view height, followed by the resize observer rather than read at every move.
+  private viewHeight = 0;
+  private scrolled = 0;
+  private scrolling = false;
 
   onJump: (event: number) => void = () => {};
 
@@ -35,8 +39,12 @@ export class ActionList {
     this.kinds.addEventListener("change", () => this.refilter());
     this.players.addEventListener("change", () => this.refilter());
     this.search.addEventListener("input", () => this.refilter());
-    this.view.addEventListener("scroll", () => this.drawRows());
-    new ResizeObserver(() => {
+    this.view.addEventListener("scroll", () => {
+      this.scrolled = this.view.scrollTop;
+      this.drawRows();
+    });
+    new ResizeObserver(([entry]) => {
+      this.viewHeight = entry.contentRect.height;
       this.keepInView(this.current < 0);
       this.drawRows();
     }).observe(this.view);
@@ -112,10 +120,23 @@ export class ActionList {
   // The current row in view, or the place where the current action would stand in its middle.
   private keepInView(centre = false): void {
     const place = this.current >= 0 ? this.current : this.rowOf(this.position);
-    const top = place * rowHeight, height = this.view.clientHeight;
-    if (centre) this.view.scrollTop = top - height / 2;
-    else if (top < this.view.scrollTop) this.view.scrollTop = top;
-    else if (top + rowHeight > this.view.scrollTop + height) this.view.scrollTop = top + rowHeight - height;
+    const top = place * rowHeight, height = this.viewHeight;
+    let wanted = this.scrolled;
+    if (centre) wanted = top - height / 2;
+    else if (top < this.scrolled) wanted = top;
+    else if (top + rowHeight > this.scrolled + height) wanted = top + rowHeight - height;
+    wanted = Math.max(0, Math.min(wanted, this.shown.length * rowHeight - height));
+    if (wanted === this.scrolled) return;
+    // The rows are drawn for the new place at once; the view scrolls there with the next frame,
+    // where the browser lays the page out anyway.
+    this.scrolled = wanted;
+    if (!this.scrolling) {
+      this.scrolling = true;
+      requestAnimationFrame(() => {
+        this.scrolling = false;
+        this.view.scrollTop = this.scrolled;
+      });
+    }
   }
 
   private clearRows(): void {
@@ -126,8 +147,8 @@ export class ActionList {
   // The rows in view and a few around them; the others are let go.
   private drawRows(restyle = false): void {
     if (!this.rows || this.panel.hidden) return;
-    const from = Math.max(0, Math.floor(this.view.scrollTop / rowHeight) - 5);
-    const to = Math.min(this.shown.length, Math.ceil((this.view.scrollTop + this.view.clientHeight) / rowHeight) + 5);
+    const from = Math.max(0, Math.floor(this.scrolled / rowHeight) - 5);
+    const to = Math.min(this.shown.length, Math.ceil((this.scrolled + this.viewHeight) / rowHeight) + 5);
     for (const [index, row] of this.drawn) {
       if (index >= from && index < to) continue;
       row.remove();

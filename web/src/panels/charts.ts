@@ -27,6 +27,8 @@ export class Charts {
   private count = 0;
   private position = 0;
   private stale = false;
+  // Where the plot lies in the chart's box, measured once a chart is laid out.
+  private plotBox = { left: 0, top: 0, height: 0 };
 
   onJump: (event: number) => void = () => {};
   onCsv: (csv: string) => void = () => {};
@@ -99,6 +101,7 @@ export class Charts {
       series,
       hooks: { draw: [(u) => this.drawEnds(u)] },
     }, data, this.box);
+    this.measurePlot();
     this.plot.over.addEventListener("click", (event) => this.onJump(this.eventAt(event.offsetX)));
     this.plot.over.addEventListener("pointermove", (event) => this.showHover(event.offsetX, event.offsetY));
     this.plot.over.addEventListener("pointerleave", () => { this.hover.hidden = true; });
@@ -164,11 +167,17 @@ export class Charts {
   private fit(): void {
     if (!this.plot || this.box.clientWidth === 0) return;
     this.plot.setSize({ width: this.box.clientWidth, height: chartHeight });
+    this.measurePlot();
     this.placeMarker();
   }
 
   private eventAt(x: number): number {
     return Math.max(1, Math.min(this.count, Math.round(this.plot!.posToVal(x, "x"))));
+  }
+
+  private measurePlot(): void {
+    const over = this.plot!.over;
+    this.plotBox = { left: over.offsetLeft, top: over.offsetTop, height: over.clientHeight };
   }
 
   // The marker is a line over the plot, moved without a repaint of the chart.
@@ -177,10 +186,9 @@ export class Charts {
     const shown = plot !== undefined && this.position >= 1 && this.position <= this.count;
     this.marker.hidden = !shown;
     if (!shown) return;
-    const over = plot.over;
-    this.marker.style.left = `${over.offsetLeft + plot.valToPos(this.position, "x")}px`;
-    this.marker.style.top = `${over.offsetTop}px`;
-    this.marker.style.height = `${over.clientHeight}px`;
+    this.marker.style.left = `${this.plotBox.left + plot.valToPos(this.position, "x")}px`;
+    this.marker.style.top = `${this.plotBox.top}px`;
+    this.marker.style.height = `${this.plotBox.height}px`;
   }
 
   private showHover(x: number, y: number): void {

@@ -9,6 +9,8 @@ export class PlayerPanel {
   private readonly swatch = element("player-colour");
   private readonly values = ["player-moves", "player-nectar", "player-headquarters", "player-territory"].map((id) => element(id));
 
+  private entries: string[] = [];
+
   constructor(private readonly replay: Replay) {
     this.box.addEventListener("change", () => this.showChosen());
   }
@@ -19,11 +21,14 @@ export class PlayerPanel {
 
   // The entries anew, the one chosen before kept where the list still has it.
   refresh(): void {
-    const remembered = this.box.selectedIndex;
     const entries = this.replay.playerEntries();
-    this.box.length = 1;
-    entries.forEach((entry) => this.box.add(new Option(entry)));
-    this.box.selectedIndex = remembered < this.box.length ? remembered : 0;
+    if (entries.join("\n") !== this.entries.join("\n")) {
+      const remembered = this.box.selectedIndex;
+      this.box.length = 1;
+      entries.forEach((entry) => this.box.add(new Option(entry)));
+      this.box.selectedIndex = remembered < this.box.length ? remembered : 0;
+      this.entries = entries;
+    }
     this.showChosen();
   }
 
@@ -33,6 +38,7 @@ export class PlayerPanel {
     this.swatch.style.background = player > 0 ? playerColour(player) : "transparent";
     if (player < 1) return;
     this.replay.playerStanding(player).forEach((text, i) => {
+      if (this.values[i].textContent === text) return;
       this.values[i].textContent = text;
       this.values[i].title = text;
     });

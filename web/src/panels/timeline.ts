@@ -43,12 +43,17 @@ export class Timeline {
   private pan?: { x: number; first: number };
   private dragging = false;
   private pendingJump = 0;
+  // The canvas's size, followed by the resize observer rather than read at every paint.
+  private size = { width: 0, height: 0 };
 
   // Asked for the action under the pointer, once per change and once a frame at most.
   onJump: (event: number) => void = () => {};
 
   constructor(private readonly replay: Replay) {
-    new ResizeObserver(() => this.paint()).observe(this.canvas);
+    new ResizeObserver(([entry]) => {
+      this.size = { width: entry.contentRect.width, height: entry.contentRect.height };
+      this.paint();
+    }).observe(this.canvas);
     this.scroller.addEventListener("input", () => {
       const first = Number(this.scroller.value) + 1;
       this.setRange(first, first + (this.last - this.first));
@@ -110,7 +115,7 @@ export class Timeline {
   }
 
   private barWidth(): number {
-    return Math.max(this.canvas.clientWidth - 2 * margin, 1);
+    return Math.max(this.size.width - 2 * margin, 1);
   }
 
   private share(x: number): number {
@@ -150,7 +155,7 @@ export class Timeline {
 
   paintNow(): void {
     const ratio = window.devicePixelRatio || 1;
-    const width = this.canvas.clientWidth, height = this.canvas.clientHeight;
+    const { width, height } = this.size;
     this.canvas.width = Math.round(width * ratio);
     this.canvas.height = Math.round(height * ratio);
     const context = this.canvas.getContext("2d")!;
