@@ -5,7 +5,7 @@ set(TRELVIN_BUILD_TESTS OFF)
 
 # Without exceptions a thrown one ends the module instead of reaching its catch. WebAssembly's
 # own (browsers since 2022, node 16) rather than -fexceptions, whose every call that may throw
-# goes out to JavaScript and back: the core runs twice as fast and the page is smaller.
+# goes out to JavaScript and back: the core runs quicker and the page is smaller.
 add_compile_options(-fwasm-exceptions)
 add_link_options(-fwasm-exceptions)
 

@@ -9,7 +9,7 @@ import { dateTimeText } from "../date_text";
 import { element } from "../dom";
 import { playerColour } from "./player_colours";
 
-const chartHeight = 240;
+const chartHeight = 200;
 const endMarkSize = 5;
 
 export class Charts {
@@ -99,9 +99,9 @@ export class Charts {
       },
       axes: [{ size: 30 }, { size: 60 }],
       series,
-      hooks: { draw: [(u) => this.drawEnds(u)] },
+      // The plot's place is known once the chart is laid out, and again at each size.
+      hooks: { draw: [(u) => this.drawEnds(u)], ready: [() => this.measurePlot()], setSize: [() => this.measurePlot()] },
     }, data, this.box);
-    this.measurePlot();
     this.plot.over.addEventListener("click", (event) => this.onJump(this.eventAt(event.offsetX)));
     this.plot.over.addEventListener("pointermove", (event) => this.showHover(event.offsetX, event.offsetY));
     this.plot.over.addEventListener("pointerleave", () => { this.hover.hidden = true; });
@@ -167,8 +167,6 @@ export class Charts {
   private fit(): void {
     if (!this.plot || this.box.clientWidth === 0) return;
     this.plot.setSize({ width: this.box.clientWidth, height: chartHeight });
-    this.measurePlot();
-    this.placeMarker();
   }
 
   private eventAt(x: number): number {
@@ -176,8 +174,10 @@ export class Charts {
   }
 
   private measurePlot(): void {
-    const over = this.plot!.over;
+    const over = this.plot?.over;
+    if (!over) return;
     this.plotBox = { left: over.offsetLeft, top: over.offsetTop, height: over.clientHeight };
+    this.placeMarker();
   }
 
   // The marker is a line over the plot, moved without a repaint of the chart.
