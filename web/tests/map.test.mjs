@@ -3,7 +3,7 @@
 import { after, before, test } from "node:test";
 import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
-import { mkdtemp, readFile, rm } from "node:fs/promises";
+import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import path from "node:path";
 import { battle, closeBoxes, dump, nativeExport, openPage, openReplay, press, startBrowser } from "./support.mjs";
@@ -106,3 +106,32 @@ test("a click on a field or its typed name shows the field's values", async () =
   assert.notEqual(await page.textContent("#field-terrain"), "");
   await page.close();
 });
+
+test("Ctrl+wheel zooms around the pointer through the window's steps, F fits the whole map",
+  { skip: !process.env.TRELVIN_GENERATOR && "no generator" }, async () => {
+    // A map larger than the view, so that the view can keep the field under the pointer.
+    const file = path.join(folder, "wide.trp");
+    await writeFile(file, execFileSync(process.env.TRELVIN_GENERATOR, ["40", "30", "4", "300"]));
+    const { page } = await openPage(browser.context);
+    await openReplay(page, file);
+    await closeBoxes(page);
+    const box = await page.locator("#map").boundingBox();
+    // Over field C2: two fields right and two down from A0, past the bands.
+    const at = { x: box.x + 20 + 2 * 20 + 10, y: box.y + 20 + 2 * 20 + 10 };
+    await page.mouse.move(at.x, at.y);
+    await page.keyboard.down("Control");
+    await page.mouse.wheel(0, -100);
+    await page.keyboard.up("Control");
+    await page.waitForFunction(() => location.hash.includes("&z=24&"));
+    const title = await page.evaluate(({ x, y }) => {
+      document.getElementById("map").dispatchEvent(new PointerEvent("pointermove", { clientX: x, clientY: y, bubbles: true }));
+      return document.getElementById("map").title;
+    }, at);
+    assert.equal(title, "C2");
+    await press(page, "f");
+    const fitted = Number(await page.evaluate(() => new Promise((resolve) =>
+      setTimeout(() => resolve(/z=(\d+)/.exec(location.hash)[1]), 300))));
+    const { load } = dump(file);
+    assert.equal(fitted, Math.min(80, Math.floor(Math.min(box.width / (load.mapWidth + 1), box.height / (load.mapHeight + 1)))));
+    await page.close();
+  });
