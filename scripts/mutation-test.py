@@ -32,13 +32,12 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 # The core's tests; the window is not built, so a mutant of the core rebuilds quickly.
-CORE_TESTS = r"model_tests|engine_tests|view_core_tests|history_tests|HostileFiles|dump_"
-CORE_TARGETS = ["model_tests", "engine_tests", "view_core_tests", "history_tests", "robustness_tests",
-                "trelvin-dump", "dump_csv_tests"]
+CORE_TESTS = r"model_tests|engine_tests|view_core_tests|history_tests|cursor_tests|display_tests|HostileFiles|dump_"
+CORE_TARGETS = ["model_tests", "engine_tests", "view_core_tests", "history_tests", "cursor_tests", "display_tests",
+                "robustness_tests", "trelvin-dump"]
 # The window's tests that drive the playback, the session and the panels.
-UI_TESTS = r"playback_tests|replay_session_tests|keyframe_equivalence_tests|panels_tests|finding_window_tests|map_window_tests"
-UI_TARGETS = ["playback_tests", "replay_session_tests", "keyframe_equivalence_tests", "panels_tests",
-              "finding_window_tests", "map_window_tests"]
+UI_TESTS = r"playback_tests|replay_session_tests|panels_tests|finding_window_tests|map_window_tests"
+UI_TARGETS = ["playback_tests", "replay_session_tests", "panels_tests", "finding_window_tests", "map_window_tests"]
 UI_FOLDERS = ("src/playback", "src/session", "src/panels", "src/shell", "src/bridge")
 UI_FILES = ("src/widgets/map_grid.cpp", "src/render/map_painter.cpp")
 

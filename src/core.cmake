@@ -30,6 +30,7 @@ add_library(trelvin_core STATIC
   history/course_lines.cpp
   history/player_csv.cpp
   cursor/bare_fields.cpp
+  cursor/move_result.cpp
   cursor/step_buttons.cpp
   cursor/replay_cursor.cpp
   display/clock_geometry.cpp

@@ -34,6 +34,7 @@ add_library(trelvin_ui STATIC
   panels/field_panel.cpp
   panels/map_panel.cpp
   panels/timeline_strip.cpp
+  panels/failed_load_note.cpp
   panels/action_list_panel.cpp
   panels/export_dialog.cpp
   panels/charts_panel.cpp

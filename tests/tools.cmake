@@ -14,9 +14,15 @@ if(TARGET trelvin-export)
            COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tools/export_exit_codes.sh $<TARGET_FILE:trelvin-export> ${samples})
   set_tests_properties(export_exit_codes PROPERTIES TIMEOUT 120)
 endif()
-add_executable(dump_csv_tests tools/dump_csv_test.cpp ${PROJECT_SOURCE_DIR}/bench/replay_generator.cpp)
-target_include_directories(dump_csv_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/bench)
-target_link_libraries(dump_csv_tests PRIVATE trelvin_core GTest::gtest_main nlohmann_json::nlohmann_json)
-target_compile_definitions(dump_csv_tests PRIVATE TRELVIN_DUMP="$<TARGET_FILE:trelvin-dump>")
-add_dependencies(dump_csv_tests trelvin-dump)
-gtest_discover_tests(dump_csv_tests TEST_PREFIX "dump_csv_tests." DISCOVERY_TIMEOUT 30 PROPERTIES TIMEOUT 120)
+# A replay that does not load has no rows: the CSV is its header alone, and the dump ends well.
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/broken.trp "0;Zlomeny;2;x;2;3\r\n")
+add_test(NAME dump_csv_failed_load COMMAND ${CMAKE_COMMAND} "-DCOMMAND=$<TARGET_FILE:trelvin-dump>;--csv;${CMAKE_CURRENT_BINARY_DIR}/broken.trp"
+         -DSTATUS=0 -DEXPECTED=Chyba -DOUTPUT=index,time,player,side,moves,nectar,nectarPerHour,territory,armyUnits,hqField,playing
+         -P ${CMAKE_CURRENT_SOURCE_DIR}/tools/exits_with.cmake)
+# A map wider than the column names reach is refused with the usage, not ended by a failure.
+if(TARGET trelvin-generate)
+  add_test(NAME generate_unnameable_columns COMMAND ${CMAKE_COMMAND} "-DCOMMAND=$<TARGET_FILE:trelvin-generate>;255;3;2;100"
+           -DSTATUS=2 -DEXPECTED=usage: -P ${CMAKE_CURRENT_SOURCE_DIR}/tools/exits_with.cmake)
+endif()
+add_test(NAME include_floors COMMAND ${CMAKE_COMMAND} -DSOURCE_DIR=${PROJECT_SOURCE_DIR}
+         -P ${CMAKE_CURRENT_SOURCE_DIR}/tools/include_floors.cmake)

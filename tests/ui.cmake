@@ -1,6 +1,6 @@
 # Tests of the window, run by Qt Test on the offscreen platform.
 function(trelvin_window_test name source)
-  add_executable(${name} ${source})
+  add_executable(${name} ${source} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE trelvin_ui Qt6::Test)

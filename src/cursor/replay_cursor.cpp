@@ -29,7 +29,7 @@ MoveResult ReplayCursor::first(MoveWatcher* watcher) {
     position_ = 1;
     if (watcher) watcher->positionSet(position_);
     apply(position_, watcher, result);
-    settle(nullptr);
+    redraw();
     return result;
 }
 
@@ -46,7 +46,7 @@ MoveResult ReplayCursor::forward(MoveWatcher* watcher) {
     if (position_ < world_.eventCount) ++position_;
     if (watcher) watcher->positionSet(position_);
     apply(position_, watcher, result);
-    settle(nullptr);
+    redraw();
     return result;
 }
 
@@ -61,7 +61,7 @@ MoveResult ReplayCursor::last(MoveWatcher* watcher) {
 
 MoveResult ReplayCursor::jumpTo(int target, MoveWatcher* watcher) {
     MoveResult result;
-    position_ = std::clamp(target, 1, std::max<int>(world_.eventCount, 1));
+    position_ = std::clamp(target, 1, std::max(actionsRead(), 1));
     rebuild(position_, false, watcher, result);
     settle(watcher);
     return result;
@@ -71,15 +71,15 @@ bool ReplayCursor::walkTo(int target, TaskProgress* progress, int progressTotal)
     bare_.findAll(world_, fields_.redrawn);
     MoveResult passedOver;
     position_ = 1;
-    apply(position_, nullptr, passedOver, false);
     while (true) {
+        apply(position_, nullptr, passedOver, false);
+        bare_.note(world_, lastOutcome_);
         // The redraw after each step writes what lasts: grass where an owned field can get it.
         if (viewMode_ && bare_.anyOwned(world_)) RevealForView(world_, *viewMode_, fields_.redrawn);
         if (position_ >= target) break;
         if (progress && !progress->keepGoing(std::uint64_t(position_), std::uint64_t(progressTotal > 0 ? progressTotal : target)))
             return false;
         ++position_;
-        apply(position_, nullptr, passedOver, false);
     }
     redraw();
     return true;
@@ -143,7 +143,6 @@ void ReplayCursor::apply(int event, MoveWatcher* watcher, MoveResult& result, bo
     lastOutcome_ = ExecuteEvent(world_, static_cast<std::int16_t>(event));
     lastApplied_ = event;
     result.applied.push_back(event);
-    bare_.note(world_, lastOutcome_);
     if (tell)
         for (const std::string& text : lastOutcome_.messages) report({event, text}, watcher, result);
 }

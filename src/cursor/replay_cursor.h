@@ -39,13 +39,17 @@ public:
     // The action applied last; 0 before the first replay is opened.
     int position() const { return position_; }
     int eventCount() const { return world_.eventCount; }
+    // The actions the last open read, which the list, the timeline and the jumps offer: all of a
+    // replay that loaded, those before the failure of one that did not (whose count stays the
+    // count of the replay before).
+    int actionsRead() const { return world_.lastEventIndex(); }
 
     // The moves of the step buttons: |<--, <----, ---->, -->|.
     MoveResult first(MoveWatcher* watcher = nullptr);
     MoveResult back(MoveWatcher* watcher = nullptr);
     MoveResult forward(MoveWatcher* watcher = nullptr);
     MoveResult last(MoveWatcher* watcher = nullptr);
-    // Straight to `target` (kept within 1 .. the count) as a step back gets there.
+    // Straight to `target` (kept within the actions read) as a step back gets there.
     MoveResult jumpTo(int target, MoveWatcher* watcher = nullptr);
     // Reaches `target` as the step buttons do from the first action, one step at a time with
     // the map's redraw after each; what the actions report is passed over. False when
@@ -72,7 +76,8 @@ private:
     void restore(const Keyframe& keyframe);
     void apply(int event, MoveWatcher* watcher, MoveResult& result, bool tell = true);
     void report(const EventReport& report, MoveWatcher* watcher, MoveResult& result);
-    // The end of every move: the watcher hears the position, the map is redrawn.
+    // The end of a move that sets the position once its actions are applied: the watcher hears
+    // it, then the map is redrawn.
     void settle(MoveWatcher* watcher);
     void redraw();
     bool tookHeadquartersAt(int event) const;

@@ -17,6 +17,11 @@ std::string withHourly(std::int64_t amount, int perHour) {
 
 }  // namespace
 
+std::string FailedLoadText(int actionsRead) {
+    if (actionsRead < 1) return "Replay se nepodarilo nacist: neni v nem zadna akce";
+    return "Replay se nepodarilo nacist: ukazuji " + std::to_string(actionsRead) + " akci nactenych pred chybou";
+}
+
 std::string DescriptionText(const WorldState& world) { return ShownText(world.actionText); }
 
 std::string PositionText(int position, int eventCount) {

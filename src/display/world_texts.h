@@ -13,6 +13,10 @@
 
 namespace trelvin {
 
+// The line the action list, the timeline and the charts show after a load that failed, with the
+// count of the actions it read before.
+std::string FailedLoadText(int actionsRead);
+
 // The description of the action applied last, its lines ending in "\n".
 std::string DescriptionText(const WorldState& world);
 

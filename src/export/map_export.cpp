@@ -58,8 +58,8 @@ ExportOutcome run(const WorldState& replay, const ExportJob& job, TaskProgress* 
     const std::optional<ExportFormat> format = FormatOfPath(job.path);
     if (!format) return failed(QStringLiteral("Soubor %1 nema priponu .png, .gif ani .webp").arg(job.path));
     for (const int action : {job.first, job.last})
-        if (action < 1 || action > replay.eventCount)
-            return failed(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(action).arg(replay.eventCount));
+        if (action < 1 || action > replay.lastEventIndex())
+            return failed(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(action).arg(replay.lastEventIndex()));
     if (job.last < job.first) return failed(QStringLiteral("Posledni akce %1 je pred prvni %2").arg(job.last).arg(job.first));
     if (*format == ExportFormat::Png && job.last != job.first)
         return failed(QStringLiteral("Obrazek PNG ukazuje jedinou akci, animaci ukladejte jako GIF nebo WebP"));

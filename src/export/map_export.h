@@ -19,7 +19,7 @@ struct ExportOutcome {
 
 // Exports `job` from `replay`'s events, on a copy of its world. `progress`, when given, is
 // asked with the action reached of the last; its false cancels. The actions must lie within
-// 1 .. the replay's event count, first <= last, and a PNG has one action.
+// 1 .. the actions the replay's list holds, first <= last, and a PNG has one action.
 ExportOutcome ExportMap(const WorldState& replay, const ExportJob& job, TaskProgress* progress = nullptr);
 
 }  // namespace trelvin

@@ -19,8 +19,10 @@ std::int16_t FieldIndex(const WorldState& world, std::string_view name);
 std::string FieldName(int columns, int k);
 inline std::string FieldName(const WorldState& world, int k) { return FieldName(world.mapWidth, k); }
 
-// Column character of 0-based column c ("A" for 0); codes past "Z" continue the code page.
+// Column character of 0-based column c ("A" for 0); codes past "Z" continue the code page, up
+// to its last character: a map of more columns cannot name them.
 std::string ColumnCharacter(int column);
+inline constexpr int kNameableColumns = 256 - 'A';
 
 // Euclidean distance of two named fields, each difference scaled, cut to a whole number.
 // A step that overflows 16 bits is skipped; the result is 0 when nothing could be computed.

@@ -1,10 +1,12 @@
 #include "panels/action_list_panel.h"
 
+#include "panels/failed_load_note.h"
 #include "session/replay_session.h"
 
 namespace trelvin {
 
 ActionListPanel::ActionListPanel(ReplaySession& session, QWidget* parent) : ActionList(parent) {
+    addNote(new FailedLoadNote(session, this));
     connect(&session, &ReplaySession::replacing, this, [this] { showReplay(nullptr, nullptr); });
     connect(&session, &ReplaySession::opened, this, [this, &session] {
         showReplay(&session.history().log, &session.history().players);

@@ -16,6 +16,7 @@
 #include "bridge/core_text.h"
 #include "display/course_texts.h"
 #include "export/whole_file.h"
+#include "panels/failed_load_note.h"
 #include "history/player_csv.h"
 #include "session/replay_session.h"
 #include "widgets/course_chart.h"
@@ -36,6 +37,9 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
       saveCsv(new QPushButton(QStringLiteral("Ulozit jako CSV..."), this)),
       chart(new CourseChart(this)),
       session_(session) {
+    quantity->setObjectName(QStringLiteral("quantity"));
+    saveCsv->setObjectName(QStringLiteral("saveCsv"));
+    chart->setObjectName(QStringLiteral("chart"));
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4, 2, 4, 2);
     column->setSpacing(2);
@@ -46,6 +50,7 @@ ChartsPanel::ChartsPanel(ReplaySession& session, QWidget* parent)
     row->addStretch(1);
     row->addWidget(saveCsv);
     column->addLayout(row);
+    column->addWidget(new FailedLoadNote(session, this));
     column->addWidget(chart, 1);
     for (const QuantityChoice& choice : kQuantityChoices)
         quantity->addItem(QString::fromLatin1(choice.caption), int(choice.quantity));
@@ -71,7 +76,7 @@ void ChartsPanel::followOpened() {
     chartStale_ = true;
     if (isVisible()) showOpened();
     const bool complete = session_.history().series.complete();
-    saveCsv->setEnabled(session_.eventCount() >= 1 && complete);
+    saveCsv->setEnabled(session_.actionsRead() >= 1 && complete);
     saveCsv->setToolTip(complete ? kSaveCsvTip : FromUtf8(ChartsMissingText()));
 }
 
@@ -82,7 +87,7 @@ void ChartsPanel::showEvent(QShowEvent* event) {
 
 void ChartsPanel::showOpened() {
     chartStale_ = false;
-    chart->showReplay(session_.history(), session_.eventCount());
+    chart->showReplay(session_.history(), session_.actionsRead());
     chart->setPosition(session_.position());
 }
 
@@ -90,7 +95,7 @@ QString ChartsPanel::writeCsv(const QString& path) const {
     QSaveFile file(path);
     if (const QString failure = OpenWhole(file); !failure.isEmpty()) return failure;
     try {
-        WritePlayerCsv(session_.history(), session_.eventCount(),
+        WritePlayerCsv(session_.history(), session_.actionsRead(),
                        [&file](std::string_view piece) { file.write(piece.data(), qint64(piece.size())); });
     } catch (const std::bad_alloc&) {
         return QStringLiteral("Nedostatek pameti");

@@ -35,11 +35,14 @@ DescriptionStrip::DescriptionStrip(const ReplaySession& session, QWidget* parent
     static_assert(kLeft % kTwipsPerPixel == 0 && kTop % kTwipsPerPixel == 0, "children keep their designed pixels");
     PlaceByTwips(this, kLeft, kTop, 6375, 1455);
     lblTah = makeLabel(this, "0", 2760, 600, 975, 255);
+    lblTah->setObjectName(QStringLiteral("lblTah"));
     pHod = new ClockFace(this);
+    pHod->setObjectName(QStringLiteral("pHod"));
     PlaceByTwips(pHod, 120 - kLeft, 960 - kTop, ClockFace::kSizeTwips, ClockFace::kSizeTwips);
     lblCas = makeLabel(this, "", 1200, 840, 5295, 375);
     lblCas->setObjectName(QStringLiteral("lblCas"));
     lbl = makeLabel<FittingLabel>(this, "", 1200, 1200, 5295, 855);
+    lbl->setObjectName(QStringLiteral("lbl"));
     lbl->setWordWrap(true);
     lbl->setContentsMargins(0, 0, 0, TwipsToPixels(kDescriptionBottom - kViewFrameTop));
 

@@ -18,10 +18,12 @@ Label* DesignedLabel(QWidget* parent, const char* caption, Qt::Alignment alignme
     return label;
 }
 
-// A value's label: a value too long for it is drawn smaller, never cut silently.
-inline FittingLabel* DesignedValueLabel(QWidget* parent, Qt::Alignment alignment, int left, int top, int width,
-                                        int height = 255) {
-    return DesignedLabel<FittingLabel>(parent, "", alignment, left, top, width, height);
+// A value's label, named `name`: a value too long for it is drawn smaller, never cut silently.
+inline FittingLabel* DesignedValueLabel(QWidget* parent, const char* name, Qt::Alignment alignment, int left, int top,
+                                        int width, int height = 255) {
+    auto* label = DesignedLabel<FittingLabel>(parent, "", alignment, left, top, width, height);
+    label->setObjectName(QString::fromLatin1(name));
+    return label;
 }
 
 }  // namespace trelvin

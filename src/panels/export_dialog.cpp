@@ -1,5 +1,7 @@
 #include "panels/export_dialog.h"
 
+#include <utility>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -50,8 +52,8 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
     : QDialog(parent),
       path(new QLineEdit),
       choose(new QPushButton(QStringLiteral("&Vybrat..."))),
-      from(spinBox(1, session.eventCount(), session.position(), {})),
-      to(spinBox(1, session.eventCount(), session.eventCount(), {})),
+      from(spinBox(1, session.actionsRead(), session.position(), {})),
+      to(spinBox(1, session.actionsRead(), session.actionsRead(), {})),
       delay(spinBox(kShortestDelay, kLongestDelay, kDefaultDelay, QStringLiteral(" ms"))),
       format(new QComboBox),
       view(new QComboBox),
@@ -62,6 +64,12 @@ ExportDialog::ExportDialog(const ReplaySession& session, int fieldPixels, bool h
       summary(new QLabel),
       session_(session),
       kind_(kind) {
+    const std::pair<QWidget*, const char*> named[] = {
+        {path, "path"},     {choose, "choose"},   {from, "from"},           {to, "to"},
+        {delay, "delay"},   {format, "format"},   {view, "view"},           {field, "field"},
+        {labels, "labels"}, {caption, "caption"}, {highlight, "highlight"}, {summary, "summary"},
+    };
+    for (const auto& [widget, name] : named) widget->setObjectName(QString::fromLatin1(name));
     const bool animation = kind == Kind::Animation;
     setWindowTitle(animation ? QStringLiteral("Exportovat animaci") : QStringLiteral("Exportovat obrazek"));
     format->addItem(QStringLiteral("GIF"), int(ExportFormat::Gif));

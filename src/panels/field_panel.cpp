@@ -16,19 +16,20 @@ FieldPanel::FieldPanel(const ReplaySession& session, QWidget* parent)
     PlaceByTwips(this, 120, 4320, 2895, 1575);
     DesignedLabel(this, "Policko", Qt::AlignLeft, 120, 240, 1215);
     txtPolicko = new QLineEdit(this);
+    txtPolicko->setObjectName(QStringLiteral("txtPolicko"));
     txtPolicko->setAlignment(Qt::AlignHCenter);
     txtPolicko->setMaxLength(3);
     txtPolicko->setEnabled(false);
     txtPolicko->setAcceptDrops(false);
     PlaceByTwips(txtPolicko, 1920, 200, 855, 285);
     DesignedLabel(this, "Typ", Qt::AlignLeft, 120, 480, 1215);
-    lblPTyp = DesignedValueLabel(this, Qt::AlignRight, 1560, 480, 1215);
+    lblPTyp = DesignedValueLabel(this, "lblPTyp", Qt::AlignRight, 1560, 480, 1215);
     DesignedLabel(this, "Vlastnik", Qt::AlignLeft, 120, 720, 1335);
-    lblPVlastnik = DesignedValueLabel(this, Qt::AlignRight, 1440, 720, 1335);
+    lblPVlastnik = DesignedValueLabel(this, "lblPVlastnik", Qt::AlignRight, 1440, 720, 1335);
     DesignedLabel(this, "Typ armady", Qt::AlignLeft, 120, 960, 1335);
-    lblPTypArmady = DesignedValueLabel(this, Qt::AlignRight, 1440, 960, 1335);
+    lblPTypArmady = DesignedValueLabel(this, "lblPTypArmady", Qt::AlignRight, 1440, 960, 1335);
     DesignedLabel(this, "Pocet armady", Qt::AlignLeft, 120, 1200, 1335);
-    lblPPArmady = DesignedValueLabel(this, Qt::AlignRight, 1320, 1200, 1455);
+    lblPPArmady = DesignedValueLabel(this, "lblPPArmady", Qt::AlignRight, 1320, 1200, 1455);
     connect(txtPolicko, &QLineEdit::textChanged, this, &FieldPanel::txtPolicko_Change);
 }
 

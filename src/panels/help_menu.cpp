@@ -79,6 +79,8 @@ HelpMenu::HelpMenu(QWidget* parent)
     : QMenu(QStringLiteral("&Napoveda"), parent),
       keysAction(addAction(QStringLiteral("&Klavesy"))),
       aboutAction(addAction(QStringLiteral("&O programu"))) {
+    keysAction->setObjectName(QStringLiteral("keysAction"));
+    aboutAction->setObjectName(QStringLiteral("aboutAction"));
     keysAction->setShortcut(QKeySequence(Qt::Key_F1));
     connect(keysAction, &QAction::triggered, this, &HelpMenu::showKeys);
     connect(aboutAction, &QAction::triggered, this, &HelpMenu::showAbout);

@@ -10,8 +10,9 @@ namespace trelvin {
 
 namespace {
 
-QAction* jump(QMenu* menu, const char* caption, QKeySequence keys) {
+QAction* jump(QMenu* menu, const char* name, const char* caption, QKeySequence keys) {
     QAction* action = menu->addAction(QString::fromLatin1(caption));
+    action->setObjectName(QString::fromLatin1(name));
     action->setShortcut(keys);
     action->setEnabled(false);
     return action;
@@ -21,13 +22,13 @@ QAction* jump(QMenu* menu, const char* caption, QKeySequence keys) {
 
 JumpMenu::JumpMenu(ReplaySession& session, QWidget* parent)
     : QMenu(QStringLiteral("&Prejit"), parent),
-      jumpToAction(jump(this, "&Na akci...", QKeySequence(Qt::CTRL | Qt::Key_G))),
-      previousAttack(jump(this, "Predchozi utok", QKeySequence(Qt::CTRL | Qt::Key_Left))),
-      nextAttack(jump(this, "Dalsi utok", QKeySequence(Qt::CTRL | Qt::Key_Right))),
-      previousCapture(jump(this, "Predchozi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Left))),
-      nextCapture(jump(this, "Dalsi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Right))),
-      previousFailure(jump(this, "Predchozi chyba", QKeySequence(Qt::SHIFT | Qt::Key_F8))),
-      nextFailure(jump(this, "Dalsi chyba", QKeySequence(Qt::Key_F8))),
+      jumpToAction(jump(this, "jumpToAction", "&Na akci...", QKeySequence(Qt::CTRL | Qt::Key_G))),
+      previousAttack(jump(this, "previousAttack", "Predchozi utok", QKeySequence(Qt::CTRL | Qt::Key_Left))),
+      nextAttack(jump(this, "nextAttack", "Dalsi utok", QKeySequence(Qt::CTRL | Qt::Key_Right))),
+      previousCapture(jump(this, "previousCapture", "Predchozi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Left))),
+      nextCapture(jump(this, "nextCapture", "Dalsi dobyti veleni", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Right))),
+      previousFailure(jump(this, "previousFailure", "Predchozi chyba", QKeySequence(Qt::SHIFT | Qt::Key_F8))),
+      nextFailure(jump(this, "nextFailure", "Dalsi chyba", QKeySequence(Qt::Key_F8))),
       session_(session) {
     insertSeparator(previousAttack);
     connect(jumpToAction, &QAction::triggered, this, &JumpMenu::askForJump);
@@ -39,10 +40,10 @@ JumpMenu::JumpMenu(ReplaySession& session, QWidget* parent)
     };
     for (const auto& [action, target] : jumps)
         connect(action, &QAction::triggered, this, [this, target] { jumpToNearest(target.first, target.second); });
-    connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
+    connect(&session, &ReplaySession::opened, this, [this] {
         for (QAction* action : {jumpToAction, previousAttack, nextAttack, previousCapture, nextCapture,
                                 previousFailure, nextFailure})
-            action->setEnabled(eventCount > 0);
+            action->setEnabled(session_.actionsRead() > 0);
     });
 }
 
@@ -57,8 +58,9 @@ void JumpMenu::jumpToNearest(EventKind kind, bool forward) {
 }
 
 void JumpMenu::askForJump() {
-    if (session_.position() < 1 || session_.eventCount() < 1) return;
-    JumpPrompt prompt(session_.eventCount(), session_.position(), parentWidget());
+    if (session_.position() < 1 || session_.actionsRead() < 1) return;
+    JumpPrompt prompt(session_.actionsRead(), session_.position(), parentWidget());
+    prompt.setObjectName(QStringLiteral("jumpPrompt"));
     if (prompt.exec() == QDialog::Accepted) session_.jumpTo(prompt.chosen());
 }
 

@@ -15,6 +15,11 @@ MapPanel::MapPanel(const ReplaySession& session, QWidget* parent)
       zoomFitAction(new QAction(QStringLiteral("&Cela mapa"), this)),
       highlightAction(new QAction(QStringLiteral("&Zvyraznit akci"), this)),
       session_(session) {
+    zoomInAction->setObjectName(QStringLiteral("zoomInAction"));
+    zoomOutAction->setObjectName(QStringLiteral("zoomOutAction"));
+    zoomResetAction->setObjectName(QStringLiteral("zoomResetAction"));
+    zoomFitAction->setObjectName(QStringLiteral("zoomFitAction"));
+    highlightAction->setObjectName(QStringLiteral("highlightAction"));
     zoomInAction->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     zoomOutAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Minus));
     zoomResetAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));

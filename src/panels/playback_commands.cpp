@@ -11,8 +11,9 @@ namespace trelvin {
 
 namespace {
 
-QAction* command(QObject* parent, const char* text) {
+QAction* command(QObject* parent, const char* name, const char* text) {
     auto* action = new QAction(QString::fromLatin1(text), parent);
+    action->setObjectName(QString::fromLatin1(name));
     action->setEnabled(false);
     return action;
 }
@@ -21,15 +22,15 @@ QAction* command(QObject* parent, const char* text) {
 
 PlaybackCommands::PlaybackCommands(ReplaySession& session, QObject* parent)
     : QObject(parent),
-      first(command(this, "Na prvni akci")),
-      back(command(this, "O akci zpet")),
-      playBackFast(command(this, "Prehravat zpet rychle")),
-      playBackSlow(command(this, "Prehravat zpet")),
-      forward(command(this, "O akci vpred")),
-      last(command(this, "Na posledni akci")),
-      playForwardSlow(command(this, "Prehravat")),
-      playForwardFast(command(this, "Prehravat rychle")),
-      stop(command(this, "Zastavit")) {
+      first(command(this, "first", "Na prvni akci")),
+      back(command(this, "back", "O akci zpet")),
+      playBackFast(command(this, "playBackFast", "Prehravat zpet rychle")),
+      playBackSlow(command(this, "playBackSlow", "Prehravat zpet")),
+      forward(command(this, "forward", "O akci vpred")),
+      last(command(this, "last", "Na posledni akci")),
+      playForwardSlow(command(this, "playForwardSlow", "Prehravat")),
+      playForwardFast(command(this, "playForwardFast", "Prehravat rychle")),
+      stop(command(this, "stop", "Zastavit")) {
     connect(first, &QAction::triggered, &session, &ReplaySession::first);
     connect(back, &QAction::triggered, &session, &ReplaySession::back);
     connect(forward, &QAction::triggered, &session, &ReplaySession::forward);

@@ -22,8 +22,10 @@ constexpr int kSlideRowTop = 6000;
 constexpr int kButtonHeight = 375;
 
 // Each button tells what it does, and the key that presses it where it has one.
-QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top, int width, const char* hint) {
+QPushButton* makeButton(QWidget* parent, const char* name, const char* caption, int left, int top, int width,
+                        const char* hint) {
     auto* button = new QPushButton(QString::fromLatin1(caption), parent);
+    button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(QString::fromLatin1(hint));
     PlaceByTwips(button, left, top, width, kButtonHeight);
     button->setEnabled(false);
@@ -31,8 +33,9 @@ QPushButton* makeButton(QWidget* parent, const char* caption, int left, int top,
     return button;
 }
 
-QRadioButton* makeOption(QWidget* parent, const char* caption, int left) {
+QRadioButton* makeOption(QWidget* parent, const char* name, const char* caption, int left) {
     auto* option = new QRadioButton(QString::fromLatin1(caption), parent);
+    option->setObjectName(QString::fromLatin1(name));
     PlaceByTwips(option, left, 120, 2895, 255);
     return option;
 }
@@ -43,8 +46,8 @@ PlaybackControls::PlaybackControls(ReplaySession& session, PlaybackCommands& com
     : QWidget(parent), session_(session), commands_(commands) {
     // From the window's corner to the end of the second option, down to the step row's lower edge.
     PlaceByTwips(this, 0, 0, 6135, 480 + kButtonHeight);
-    ov[0] = makeOption(this, "Ovladat po tazich", 240);
-    ov[1] = makeOption(this, "Slide-show", 3240);
+    ov[0] = makeOption(this, "ov0", "Ovladat po tazich", 240);
+    ov[1] = makeOption(this, "ov1", "Slide-show", 3240);
     ov[0]->setChecked(true);
     // The two options exclude only each other, not the view options elsewhere in the window.
     auto* modes = new QButtonGroup(this);
@@ -53,18 +56,18 @@ PlaybackControls::PlaybackControls(ReplaySession& session, PlaybackCommands& com
         connect(ov[index], &QRadioButton::clicked, this, [this, index] { ov_Click(index); });
     }
 
-    cmdBegin = makeButton(this, "|<--", 720, 480, 735, "Prvni akce (Home)");
-    cmdBack = makeButton(this, "<----", 1440, 480, 1215, "O akci zpet (Sipka vlevo)");
-    cmdForw = makeButton(this, "---->", 3840, 480, 1215, "O akci vpred (Sipka vpravo)");
-    cmdEnd = makeButton(this, "-->|", 5040, 480, 735, "Posledni akce (End)");
+    cmdBegin = makeButton(this, "cmdBegin", "|<--", 720, 480, 735, "Prvni akce (Home)");
+    cmdBack = makeButton(this, "cmdBack", "<----", 1440, 480, 1215, "O akci zpet (Sipka vlevo)");
+    cmdForw = makeButton(this, "cmdForw", "---->", 3840, 480, 1215, "O akci vpred (Sipka vpravo)");
+    cmdEnd = makeButton(this, "cmdEnd", "-->|", 5040, 480, 735, "Posledni akce (End)");
 
-    cmdSBegin = makeButton(this, "|<--", 600, kSlideRowTop, 495, "Prvni akce, prehravani bezi dal (Home)");
-    cmdRZ = makeButton(this, "<----", 1200, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdou sekundu (bez klavesy)");
-    cmdZ = makeButton(this, "<--", 2040, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdych 5 sekund (bez klavesy)");
-    cmdS = makeButton(this, "II", 2880, kSlideRowTop, 855, "Zastavit prehravani (Mezernik)");
-    cmdD = makeButton(this, "-->", 3720, kSlideRowTop, 855, "Prehravat, akce kazdych 5 sekund (Mezernik)");
-    cmdRD = makeButton(this, "---->", 4560, kSlideRowTop, 855, "Prehravat, akce kazdou sekundu (bez klavesy)");
-    cmdSEnd = makeButton(this, "-->|", 5520, kSlideRowTop, 495, "Posledni akce, prehravani bezi dal (End)");
+    cmdSBegin = makeButton(this, "cmdSBegin", "|<--", 600, kSlideRowTop, 495, "Prvni akce, prehravani bezi dal (Home)");
+    cmdRZ = makeButton(this, "cmdRZ", "<----", 1200, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdou sekundu (bez klavesy)");
+    cmdZ = makeButton(this, "cmdZ", "<--", 2040, kSlideRowTop, 855, "Prehravat pozpatku, akce kazdych 5 sekund (bez klavesy)");
+    cmdS = makeButton(this, "cmdS", "II", 2880, kSlideRowTop, 855, "Zastavit prehravani (Mezernik)");
+    cmdD = makeButton(this, "cmdD", "-->", 3720, kSlideRowTop, 855, "Prehravat, akce kazdych 5 sekund (Mezernik)");
+    cmdRD = makeButton(this, "cmdRD", "---->", 4560, kSlideRowTop, 855, "Prehravat, akce kazdou sekundu (bez klavesy)");
+    cmdSEnd = makeButton(this, "cmdSEnd", "-->|", 5520, kSlideRowTop, 495, "Posledni akce, prehravani bezi dal (End)");
     for (QPushButton* button : {cmdSBegin, cmdRZ, cmdZ, cmdS, cmdD, cmdRD, cmdSEnd}) button->setVisible(false);
 
     bind(cmdBegin, commands_.first, &PlaybackControls::cmdBegin_Click);

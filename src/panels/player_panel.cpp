@@ -34,6 +34,7 @@ PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     PlaceByTwips(this, 120, 2640, 2895, 1575);
     DesignedLabel(this, "Hrac", Qt::AlignLeft, 120, 240, 975);
     cmbHraci = new QComboBox(this);
+    cmbHraci->setObjectName(QStringLiteral("cmbHraci"));
     cmbHraci->setEditable(true);
     cmbHraci->setInsertPolicy(QComboBox::NoInsert);
     cmbHraci->setEditText(QStringLiteral("Zvolte hrace"));
@@ -43,13 +44,13 @@ PlayerPanel::PlayerPanel(const ReplaySession& session, QWidget* parent)
     cmbHraci->lineEdit()->setAcceptDrops(false);
     PlaceByTwips(cmbHraci, 1320, 120, 1455, 315);
     DesignedLabel(this, "Pocet tahu", Qt::AlignLeft, 120, 480, 1095);
-    lblPocetTahu = DesignedValueLabel(this, Qt::AlignRight, 1440, 480, 1335);
+    lblPocetTahu = DesignedValueLabel(this, "lblPocetTahu", Qt::AlignRight, 1440, 480, 1335);
     DesignedLabel(this, "Mnozstvi nektaru", Qt::AlignLeft, 120, 720, 1215);
-    lblMnozstviNektaru = DesignedValueLabel(this, Qt::AlignRight, 1440, 720, 1335);
+    lblMnozstviNektaru = DesignedValueLabel(this, "lblMnozstviNektaru", Qt::AlignRight, 1440, 720, 1335);
     DesignedLabel(this, "Veleni", Qt::AlignLeft, 120, 960, 1335);
-    lblVeleni = DesignedValueLabel(this, Qt::AlignRight, 1440, 960, 1335);
+    lblVeleni = DesignedValueLabel(this, "lblVeleni", Qt::AlignRight, 1440, 960, 1335);
     DesignedLabel(this, "Velikost uzemi", Qt::AlignLeft, 120, 1200, 1215);
-    lblVelikostUzemi = DesignedValueLabel(this, Qt::AlignRight, 1320, 1200, 1455);
+    lblVelikostUzemi = DesignedValueLabel(this, "lblVelikostUzemi", Qt::AlignRight, 1320, 1200, 1455);
 
     connect(cmbHraci, &QComboBox::activated, this, &PlayerPanel::cmbHraci_Click);
     // The box is narrow for long names: its tooltip tells the whole entry.

@@ -9,6 +9,7 @@
 #include "bridge/core_text.h"
 #include "bridge/date_text.h"
 #include "display/world_texts.h"
+#include "panels/failed_load_note.h"
 #include "widgets/timeline.h"
 #include "session/replay_session.h"
 
@@ -20,18 +21,22 @@ TimelineStrip::TimelineStrip(ReplaySession& session, QWidget* parent) : QWidget(
     timeline = new Timeline(this);
     lblPosition = new QLabel(QStringLiteral("0"), this);
     lblTime = new QLabel(this);
+    timeline->setObjectName(QStringLiteral("timeline"));
+    lblPosition->setObjectName(QStringLiteral("lblPosition"));
+    lblTime->setObjectName(QStringLiteral("lblTime"));
     // Wide enough for the largest position and count, and for a long date and time.
     lblPosition->setMinimumWidth(lblPosition->fontMetrics().horizontalAdvance(QStringLiteral("32767 (32767)")) + 8);
     lblPosition->setAlignment(Qt::AlignCenter);
     lblTime->setMinimumWidth(lblTime->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000 00:00:00")) + 8);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     row->addWidget(timeline, 1);
+    row->addWidget(new FailedLoadNote(session, this));
     row->addWidget(lblPosition);
     row->addWidget(lblTime);
 
     connect(&session, &ReplaySession::replacing, this, [this] { timeline->showReplay(session_.history().log, 0); });
-    connect(&session, &ReplaySession::opened, this, [this](const QString&, int eventCount) {
-        timeline->showReplay(session_.history().log, eventCount);
+    connect(&session, &ReplaySession::opened, this, [this] {
+        timeline->showReplay(session_.history().log, session_.actionsRead());
         followPosition();
     });
     connect(&session, &ReplaySession::positionChanged, this, &TimelineStrip::followPosition);

@@ -15,6 +15,7 @@ ViewModePanel::ViewModePanel(ReplaySession& session, QWidget* parent)
     auto* group = new QButtonGroup(this);
     for (int index = 0; index < 3; ++index) {
         o[index] = new QRadioButton(QString::fromLatin1(options[index].first), this);
+        o[index]->setObjectName(QStringLiteral("o%1").arg(index));
         PlaceByTwips(o[index], options[index].second, 240, 1815, 255);
         group->addButton(o[index]);
         connect(o[index], &QRadioButton::clicked, this, [this, index] { o_Click(index); });

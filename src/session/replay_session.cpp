@@ -53,8 +53,9 @@ LoadResult ReplaySession::open(const QString& path) {
     playback_->noteOpening(result.first);
     if (!result.load.succeeded()) services_.reporter.report(result.load.failure);
     for (const EventReport& report : result.first.reports) services_.reporter.report(report.text);
+    loadFailure_ = FromCore(result.load.failure);
     emit opened(fileName_, cursor_.eventCount());
-    return {FromCore(result.load.failure)};
+    return {loadFailure_};
 }
 
 void ReplaySession::setMapFields(MapFields fields) { cursor_.setMap(viewMode(), fields); }
@@ -71,17 +72,17 @@ void ReplaySession::last() { playback_->last(); }
 void ReplaySession::updateButtons() { playback_->updateButtons(); }
 
 QStringList ReplaySession::jumpTo(int event) {
-    if (position() < 1 || eventCount() < 1) return {};
+    if (position() < 1 || actionsRead() < 1) return {};
+    const int from = position();
     const MoveResult moved = playback_->jumpTo(event);
     QStringList messages;
-    for (const EventReport& report : moved.reports) messages << FromCore(report.text);
+    for (const EventReport& report : NewsOfJump(moved, from, position())) messages << FromCore(report.text);
     emit jumped(position(), messages);
     return messages;
 }
 
 int ReplaySession::nearest(EventKind kind, bool forward) const {
-    const int found = history().log.nearest(position(), kind, forward);
-    return found <= eventCount() ? found : 0;
+    return history().log.nearest(position(), kind, forward);
 }
 
 void ReplaySession::play(bool forward, std::int16_t interval) { playback_->useTimer(forward, interval); }

@@ -58,6 +58,10 @@ public:
 
     int position() const { return cursor_.position(); }
     int eventCount() const { return cursor_.eventCount(); }
+    // The actions the list, the timeline, the charts and the jumps offer: those the last open read.
+    int actionsRead() const { return history().log.size(); }
+    // What the last open's load reported; empty when it loaded.
+    const QString& loadFailure() const { return loadFailure_; }
     bool atBegin() const;
     bool atEnd() const;
     bool slideForward() const;
@@ -89,9 +93,9 @@ public:
     void last();
     void updateButtons();
 
-    // Goes straight to `event` (1 .. the count) as a rebuild from the first event does, from the
-    // nearest keyframe when there is one; what the events on the way report is returned and
-    // announced by `jumped`, never shown in boxes.
+    // Goes straight to `event` (one of the actions read) as a rebuild from the first event does,
+    // from the nearest keyframe when there is one. What the actions the user had not passed yet
+    // reported on the way is returned and announced by `jumped`, never shown in boxes.
     QStringList jumpTo(int event);
     // The nearest event of `kind` after (`forward`) or before the position; 0 when there is none.
     int nearest(EventKind kind, bool forward) const;
@@ -123,6 +127,7 @@ private:
     SessionServices services_;
     ReplayCursor cursor_;
     QString fileName_;
+    QString loadFailure_;
     Playback* playback_;
 };
 

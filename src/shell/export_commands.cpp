@@ -28,6 +28,8 @@ ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, Mess
       messages_(messages),
       progress_(std::move(progress)),
       window_(window) {
+    pictureAction->setObjectName(QStringLiteral("pictureAction"));
+    animationAction->setObjectName(QStringLiteral("animationAction"));
     pictureAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
     animationAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
     connect(pictureAction, &QAction::triggered, this, [this] { ask(false); });
@@ -39,7 +41,7 @@ ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, Mess
 }
 
 void ExportCommands::followSession() {
-    const bool open = session_.position() >= 1 && session_.eventCount() >= 1;
+    const bool open = session_.position() >= 1 && session_.actionsRead() >= 1;
     pictureAction->setEnabled(open);
     animationAction->setEnabled(open);
     pageAction->setEnabled(open);
@@ -50,6 +52,7 @@ void ExportCommands::ask(bool animation) {
     if (session_.isPlaying()) session_.stop();
     ExportDialog dialog(session_, map_.fieldPixels(), map_.highlightAction->isChecked(),
                         animation ? ExportDialog::Kind::Animation : ExportDialog::Kind::Picture, window_);
+    dialog.setObjectName(QStringLiteral("exportDialog"));
     if (dialog.exec() == QDialog::Accepted) run(dialog.job());
 }
 

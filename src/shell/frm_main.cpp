@@ -48,10 +48,13 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     setWindowIcon(QIcon(QStringLiteral(":/icon/trelvin.png")));
 
     mnuSoubor = menuBar()->addMenu(QStringLiteral("&Soubor"));
+    mnuSoubor->setObjectName(QStringLiteral("mnuSoubor"));
     mnuOtevritItem = mnuSoubor->addAction(QStringLiteral("&Otevrit"));
+    mnuOtevritItem->setObjectName(QStringLiteral("mnuOtevritItem"));
     mnuOtevritItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     mnuSoubor->addSeparator();
     mnuKonecItem = mnuSoubor->addAction(QStringLiteral("&Konec"));
+    mnuKonecItem->setObjectName(QStringLiteral("mnuKonecItem"));
     mnuKonecItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(mnuOtevritItem, &QAction::triggered, this, &frmMain::mnuOtevritItem_Click);
     connect(mnuKonecItem, &QAction::triggered, this, &frmMain::mnuKonecItem_Click);
@@ -68,17 +71,20 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
     buildPanels(client);
 
     exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
+    exports->setObjectName(QStringLiteral("exports"));
     mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction, exports->pageAction});
     mnuSoubor->insertSeparator(mnuKonecItem);
     connect(exports, &trelvin::ExportCommands::written, this, &frmMain::showWritten);
 
     mnuZobrazeni = menuBar()->addMenu(QStringLiteral("&Zobrazeni"));
+    mnuZobrazeni->setObjectName(QStringLiteral("mnuZobrazeni"));
     mnuZobrazeni->addActions({grid->zoomInAction, grid->zoomOutAction, grid->zoomResetAction, grid->zoomFitAction});
     mnuZobrazeni->addSeparator();
     mnuZobrazeni->addAction(grid->highlightAction);
     buildFindingAids();
     buildCharts();
     mnuNapoveda = new trelvin::HelpMenu(this);
+    mnuNapoveda->setObjectName(QStringLiteral("mnuNapoveda"));
     menuBar()->addMenu(mnuNapoveda);
     mnuNapoveda->listKeysOf(*controls, *menuBar());
     setTabOrderByLayout();
@@ -95,12 +101,19 @@ void frmMain::buildPanels(QWidget* client) {
     // Beneath the other controls lie the map, then the labels: in slide-show mode the stop
     // button covers the position's label.
     grid = new trelvin::MapPanel(*session_, client);
+    grid->setObjectName(QStringLiteral("grid"));
     strip = new trelvin::DescriptionStrip(*session_, client);
+    strip->setObjectName(QStringLiteral("strip"));
     commands = new trelvin::PlaybackCommands(*session_, this);
+    commands->setObjectName(QStringLiteral("commands"));
     controls = new trelvin::PlaybackControls(*session_, *commands, client);
+    controls->setObjectName(QStringLiteral("controls"));
     Frame2 = new trelvin::ViewModePanel(*session_, client);
+    Frame2->setObjectName(QStringLiteral("Frame2"));
     f = new trelvin::PlayerPanel(*session_, client);
+    f->setObjectName(QStringLiteral("f"));
     Frame1 = new trelvin::FieldPanel(*session_, client);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
     strip->lower();
     grid->lower();
     connect(grid, &trelvin::MapGrid::clicked, Frame1, &trelvin::FieldPanel::m_Click);
@@ -132,6 +145,7 @@ int frmMain::outerWidthTwips() const { return fit_->outerWidthTwips(); }
 void frmMain::buildFindingAids() {
     // The timeline as wide as the window: under the map and the panels and under the list.
     timelineStrip = new trelvin::TimelineStrip(*session_, this);
+    timelineStrip->setObjectName(QStringLiteral("timelineStrip"));
     timelineDock = new QDockWidget(QStringLiteral("Casova osa"), this);
     timelineDock->setObjectName(QStringLiteral("timelineDock"));
     timelineDock->setWidget(timelineStrip);
@@ -142,9 +156,11 @@ void frmMain::buildFindingAids() {
     addDockWidget(Qt::BottomDockWidgetArea, timelineDock);
 
     mnuPrejit = new trelvin::JumpMenu(*session_, this);
+    mnuPrejit->setObjectName(QStringLiteral("mnuPrejit"));
     menuBar()->addMenu(mnuPrejit);
     mnuPrejit->addSeparator();
     actionList = new trelvin::ActionListPanel(*session_, this);
+    actionList->setObjectName(QStringLiteral("actionList"));
     actionDock = new QDockWidget(QStringLiteral("Seznam akci"), this);
     actionDock->setObjectName(QStringLiteral("actionDock"));
     actionDock->setWidget(actionList);
@@ -165,7 +181,7 @@ void frmMain::buildFindingAids() {
 void frmMain::showJumpStatus(int position, const QStringList& messages) {
     QString status = QStringLiteral("Akce %1").arg(position);
     if (!messages.isEmpty())
-        status += QStringLiteral(": pri opakovani akci %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
+        status += QStringLiteral(": %1 hlaseni, posledni: %2").arg(messages.size()).arg(messages.back());
     statusBar()->showMessage(status);
 }
 
@@ -174,6 +190,7 @@ void frmMain::showJumpStatus(int position, const QStringList& messages) {
 void frmMain::buildCharts() {
     constexpr int kChartsHeight = 260;
     charts = new trelvin::ChartsPanel(*session_, this);
+    charts->setObjectName(QStringLiteral("charts"));
     chartsDock = new QDockWidget(QStringLiteral("Prubeh hry"), this);
     chartsDock->setObjectName(QStringLiteral("chartsDock"));
     chartsDock->setWidget(charts);

@@ -50,6 +50,9 @@ public:
     trelvin::ReplaySession& session() { return *session_; }
     int outerWidthTwips() const;
 
+    // Object names, by which tests find things: each member below, and each a panel holds, is named
+    // as the member; an element of a control array adds its index (ov(1) is "ov1"); a dialog the
+    // window opens is named after its kind ("jumpPrompt", "exportDialog", "keyTable").
     QMenu* mnuSoubor;
     QAction* mnuOtevritItem;
     QAction* mnuKonecItem;

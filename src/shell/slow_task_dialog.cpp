@@ -31,6 +31,7 @@ bool SlowTaskDialog::keepGoing(std::uint64_t done, std::uint64_t total) {
     lastShown_ = now;
     if (!dialog_) {
         dialog_ = new QProgressDialog(label_, QStringLiteral("Zrusit"), 0, kSteps, parent_);
+        dialog_->setObjectName(QStringLiteral("slowTaskDialog"));
         dialog_->setWindowTitle(QString::fromLatin1(kApplicationTitle));
         dialog_->setWindowModality(Qt::WindowModal);
         dialog_->setMinimumDuration(0);

@@ -251,6 +251,8 @@ ActionList::ActionList(QWidget* parent)
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ActionList::showDetail);
 }
 
+void ActionList::addNote(QWidget* note) { static_cast<QVBoxLayout*>(layout())->insertWidget(0, note); }
+
 void ActionList::showReplay(const ActionLog* log, const ActionPlayers* players) {
     actionPlayers_ = players;
     {

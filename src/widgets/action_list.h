@@ -66,6 +66,9 @@ public:
     // The events the list shows, top to bottom.
     const std::vector<int>& shownEvents() const;
 
+    // A line above the rows, such as what a failed load left.
+    void addNote(QWidget* note);
+
     QComboBox* playerBox() const { return players_; }
     QLineEdit* searchBox() const { return search_; }
     ActionTable* table() const { return table_; }

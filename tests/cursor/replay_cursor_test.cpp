@@ -82,6 +82,22 @@ TEST(ReplayCursorTest, EachMoveAppliesItsActionsAndTellsInTheStepButtonsOrder) {
     EXPECT_EQ(cursor.position(), 1);
 }
 
+// A jump tells what the user had not passed yet: forward, the reports after where it started up to
+// where it landed; back, the target's own.
+TEST(ReplayCursorTest, AJumpTellsOnlyTheReportsOfTheActionsNotPassedYet) {
+    const MoveResult jump{0, Range(1, 7), {{2, "a"}, {5, "b"}, {5, "c"}, {7, "d"}}, false};
+    const auto events = [&](int from, int reached) {
+        std::vector<int> told;
+        for (const EventReport& report : NewsOfJump(jump, from, reached)) told.push_back(report.event);
+        return told;
+    };
+    EXPECT_EQ(events(5, 7), std::vector<int>{7});         // 5 was passed already
+    EXPECT_EQ(events(4, 7), (std::vector<int>{5, 5, 7}));
+    EXPECT_EQ(events(1, 5), (std::vector<int>{2, 5, 5}));  // stopped at 5 on the way to 7
+    EXPECT_EQ(events(7, 5), (std::vector<int>{5, 5}));     // back: the target's own
+    EXPECT_EQ(events(7, 6), std::vector<int>{});
+}
+
 TEST(ReplayCursorTest, OpeningAppliesTheFirstActionAndAFailedLoadKeepsWhatItRead) {
     OpenResult opened;
     ReplayCursor cursor = Opened(kAlfa, &opened);

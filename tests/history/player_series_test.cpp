@@ -99,5 +99,13 @@ TEST(PlayerSeriesTest, EveryPlayerAfterEveryEventIsTheWorldsPlayer) {
     }
 }
 
+// A name holding a comma, a quote or a line break comes back whole from any CSV reader.
+TEST(PlayerCsvTest, QuotesTheTextsThatNeedIt) {
+    std::string row;
+    AppendPlayerCsvRow(row, 7, *DateTime::fromParts(2004, 6, 19, 8, 0, 5), {"Ha,n\xE8\" a", "les", "A0"},
+                       {500, 3, 15, 12, 1, true});
+    EXPECT_EQ(row, "7,2004-06-19T08:00:05,\"Ha,n\xC4\x8D\"\" a\",les,15,500,12,1,3,A0,1\r\n");
+}
+
 }  // namespace
 }  // namespace trelvin

@@ -30,22 +30,23 @@ private slots:
         t.window->show();
         t.open(sample());
         t.window->resize(1200, 760);  // room for the whole map at every size below
-        trelvin::MapPanel& map = *t.window->grid;
+        trelvin::MapPanel& map = t.find<trelvin::MapPanel>("grid");
+        trelvin::ExportCommands& exports = t.find<trelvin::ExportCommands>("exports");
         const QString path = t.directory.filePath("map.png");
         for (const auto& [view, pixels, highlight] :
              {std::tuple{0, 20, true}, {1, 30, false}, {1, 30, true}, {2, 20, false}, {2, 12, true}}) {
-            t.window->Frame2->o[view]->click();
+            t.find<QRadioButton>(QString("o%1").arg(view)).click();
             map.setFieldPixels(pixels);
-            map.highlightAction->setChecked(highlight);
-            t.controls.cmdBegin->click();
+            t.find<QAction>("highlightAction").setChecked(highlight);
+            t.find<QPushButton>("cmdBegin").click();
             for (int action = 1; action <= t.world().eventCount; ++action) {
-                if (action > 1) t.controls.cmdForw->click();
+                if (action > 1) t.find<QPushButton>("cmdForw").click();
                 if (action != 1 && action != 17 && action != 18 && action != 40 && action != 71 &&
                     action != t.world().eventCount)
                     continue;
                 const trelvin::ExportJob job{
                     path, action, action, 200, {trelvin::ViewMode(view), pixels, false, false, highlight}, {}};
-                QCOMPARE(t.window->exports->run(job).status, ExportOutcome::Status::Written);
+                QCOMPARE(exports.run(job).status, ExportOutcome::Status::Written);
                 const QImage exported(path);
                 const QRect fields(map.fieldRectInViewport(1).topLeft(), exported.size());
                 const QImage shown = map.viewport()->grab().toImage().copy(fields).convertToFormat(QImage::Format_RGB32);
@@ -58,15 +59,17 @@ private slots:
 
     void theDialogsStartFromWhatTheWindowShows() {
         Window t;
-        QVERIFY(!t.window->exports->pictureAction->isEnabled());  // nothing to export before a replay
+        QAction& pictureAction = t.find<QAction>("pictureAction");
+        QVERIFY(!pictureAction.isEnabled());  // nothing to export before a replay
         t.open(sample());
-        QVERIFY(t.window->exports->animationAction->isEnabled());
-        for (int i = 1; i < 12; ++i) t.controls.cmdForw->click();
-        t.window->Frame2->o[1]->click();
-        t.window->grid->setFieldPixels(30);
+        QVERIFY(t.find<QAction>("animationAction").isEnabled());
+        for (int i = 1; i < 12; ++i) t.find<QPushButton>("cmdForw").click();
+        t.find<QRadioButton>("o1").click();
+        trelvin::MapPanel& map = t.find<trelvin::MapPanel>("grid");
+        map.setFieldPixels(30);
         const QString folder = QFileInfo(sample()).absolutePath();
 
-        ExportDialog picture(t.window->session(), t.window->grid->fieldPixels(), t.window->grid->highlightAction->isChecked(),
+        ExportDialog picture(t.window->session(), map.fieldPixels(), t.find<QAction>("highlightAction").isChecked(),
                              ExportDialog::Kind::Picture, nullptr);
         const trelvin::ExportJob still = picture.job();
         QCOMPARE(std::tuple(still.first, still.last, int(still.picture.view), still.picture.fieldPixels, still.picture.labels,
@@ -97,12 +100,12 @@ private slots:
 
         // The menu's command: the dialog, then the file, and the status line says where.
         QTimer::singleShot(0, [&] {
-            auto* dialog = qobject_cast<ExportDialog*>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->path->setText(t.directory.filePath("akce.png"));
-            dialog->accept();
+            auto& dialog = t.find<ExportDialog>("exportDialog");
+            QCOMPARE(QApplication::activeModalWidget(), static_cast<QWidget*>(&dialog));
+            Find<QLineEdit>(dialog, "path").setText(t.directory.filePath("akce.png"));
+            dialog.accept();
         });
-        t.window->exports->pictureAction->trigger();
+        pictureAction.trigger();
         QVERIFY(QFile::exists(t.directory.filePath("akce.png")));
         QCOMPARE(t.window->statusBar()->currentMessage(), "Ulozeno: " + t.directory.filePath("akce.png"));
         QCOMPARE(t.messages.texts, QStringList{});
@@ -111,7 +114,7 @@ private slots:
     void aCancelOrAFailureIsToldOnce() {
         Window t;
         t.open(sample());
-        trelvin::ExportCommands commands(t.window->session(), *t.window->grid, t.messages,
+        trelvin::ExportCommands commands(t.window->session(), t.find<trelvin::MapPanel>("grid"), t.messages,
                                          [](const QString&) { return std::make_unique<Cancelling>(); }, t.window.get());
         const QString cancelled = t.directory.filePath("zrusena.gif");
         QCOMPARE(commands.run({cancelled, 1, 89, 200, {}, {}}).status, ExportOutcome::Status::Cancelled);

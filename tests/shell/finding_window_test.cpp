@@ -4,9 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 
-#include "panels/description_strip.h"
-#include "panels/jump_menu.h"
-#include "panels/timeline_strip.h"
 #include "widgets/jump_prompt.h"
 #include "shell/window_fixture.h"
 #include "support/session_fixture.h"
@@ -15,16 +12,15 @@ using namespace trelvin::testing;
 
 // Everything the window shows of the world, and the world itself.
 static QStringList Snapshot(Window& t) {
-    const frmMain& w = *t.window;
     const trelvin::ReplaySession& session = t.window->session();
-    QStringList shown{w.strip->lblTah->text(), w.strip->lblCas->text(), w.strip->lbl->text(),
-                      w.f->lblPocetTahu->text(), w.f->lblMnozstviNektaru->text(), w.f->lblVeleni->text(),
-                      w.f->lblVelikostUzemi->text(), QString::number(w.f->cmbHraci->currentIndex()),
-                      QString::number(w.f->cmbHraci->count()), EnabledButtons(t.controls),
-                      QString::number(session.atBegin()), QString::number(session.atEnd()),
-                      w.timelineStrip->lblPosition->text()};
+    QStringList shown;
+    for (const char* label : {"lblTah", "lblCas", "lbl", "lblPocetTahu", "lblMnozstviNektaru", "lblVeleni", "lblVelikostUzemi"})
+        shown << t.find<QLabel>(label).text();
+    const QComboBox& players = t.find<QComboBox>("cmbHraci");
+    shown << QString::number(players.currentIndex()) << QString::number(players.count()) << EnabledButtons(t)
+          << QString::number(session.atBegin()) << QString::number(session.atEnd()) << t.find<QLabel>("lblPosition").text();
     QString pictures;
-    for (int picture : w.grid->scene().pictures) pictures += QString::number(picture) + ' ';
+    for (int picture : t.find<trelvin::MapPanel>("grid").scene().pictures) pictures += QString::number(picture) + ' ';
     return shown << pictures << WorldLines(t.world());
 }
 
@@ -39,10 +35,10 @@ private slots:
                 Window stepped, jumped;
                 for (Window* t : {&stepped, &jumped}) {
                     t->open(battle);
-                    t->window->Frame2->o[mode]->click();
+                    t->find<QRadioButton>(QString("o%1").arg(mode)).click();
                     t->controls.cmdForw_Click();
-                    t->window->f->cmbHraci->setCurrentIndex(1);
-                    t->window->f->cmbHraci_Click();
+                    t->find<QComboBox>("cmbHraci").setCurrentIndex(1);
+                    t->find<trelvin::PlayerPanel>("f").cmbHraci_Click();
                     // Both have been at the end, whose event writes the winner into the list.
                     t->controls.cmdEnd_Click();
                     t->controls.cmdBegin_Click();
@@ -60,22 +56,23 @@ private slots:
         t.open("dobyti.trp", kCapture);
         frmMain& w = *t.window;
         const auto at = [&w] { return w.session().position(); };
+        const auto jump = [&t](const char* action) { t.find<QAction>(action).trigger(); };
         // From the first event: the next failure, the next attack; none after the capture.
-        w.mnuPrejit->nextFailure->trigger();
+        jump("nextFailure");
         QCOMPARE(at(), 5);
-        w.mnuPrejit->nextAttack->trigger();
+        jump("nextAttack");
         QCOMPARE(at(), 6);
-        w.mnuPrejit->nextCapture->trigger();
+        jump("nextCapture");
         QCOMPARE(at(), 6);
         QCOMPARE(w.statusBar()->currentMessage(), QString("Dale uz zadna takova akce neni"));
         t.controls.cmdEnd_Click();
-        w.mnuPrejit->previousCapture->trigger();
+        jump("previousCapture");
         QCOMPARE(at(), 6);
         t.messages.texts.clear();
-        w.mnuPrejit->previousFailure->trigger();  // re-applies the failing move
+        jump("previousFailure");  // re-applies the failing move
         QCOMPARE(at(), 5);
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join('|')));
-        QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: pri opakovani akci 1 hlaseni, posledni: Chyba pri provadeni tahu"),
+        QVERIFY2(w.statusBar()->currentMessage().startsWith("Akce 5: 1 hlaseni, posledni: Chyba pri provadeni tahu"),
                  qPrintable(w.statusBar()->currentMessage()));
     }
 
@@ -85,10 +82,10 @@ private slots:
         frmMain& w = *t.window;
         const auto status = [&w] { return w.statusBar()->currentMessage(); };
         w.session().jumpTo(6);
-        QVERIFY2(status().startsWith("Akce 6: pri opakovani akci 1 hlaseni"), qPrintable(status()));
+        QVERIFY2(status().startsWith("Akce 6: 1 hlaseni"), qPrintable(status()));
         t.controls.cmdForw_Click();
         QCOMPARE(status(), QString());
-        w.mnuPrejit->nextCapture->trigger();  // none after the last: said, until the next move
+        t.find<QAction>("nextCapture").trigger();  // none after the last: said, until the next move
         QCOMPARE(status(), QString("Dale uz zadna takova akce neni"));
         t.controls.cmdBegin_Click();
         QCOMPARE(status(), QString());
@@ -106,7 +103,7 @@ private slots:
         std::vector<std::pair<int, int>> heights;  // each answer's height, and the height its text needs
         int rounds = 0;
         const std::function<void()> answer = [&] {
-            auto* prompt = t.window->findChild<trelvin::JumpPrompt*>();
+            auto* prompt = t.window->findChild<trelvin::JumpPrompt*>("jumpPrompt");
             if (!prompt || !prompt->isVisible()) return QTimer::singleShot(10, answer);
             for (const char* entry : {"abc", "99", "0"}) {
                 prompt->entry()->setText(entry);
@@ -120,8 +117,9 @@ private slots:
             prompt->entry()->setText(++rounds == 1 ? "4" : "2");
             QTest::keyClick(prompt->entry(), rounds == 1 ? Qt::Key_Return : Qt::Key_Escape);
         };
+        QAction& jumpTo = t.find<QAction>("jumpToAction");
         QTimer::singleShot(0, answer);
-        t.window->mnuPrejit->jumpToAction->trigger();
+        jumpTo.trigger();
         QCOMPARE(t.window->session().position(), 4);
         QCOMPARE(problems.size(), 3);
         QVERIFY2(problems[0].contains("abc"), qPrintable(problems[0]));
@@ -129,7 +127,7 @@ private slots:
         QVERIFY2(problems[2].contains("od 1 do 7"), qPrintable(problems[2]));
         for (const auto& [height, needed] : heights) QVERIFY2(height >= needed, qPrintable(QString("%1 < %2").arg(height).arg(needed)));
         QTimer::singleShot(0, answer);
-        t.window->mnuPrejit->jumpToAction->trigger();  // Escape: nowhere
+        jumpTo.trigger();  // Escape: nowhere
         QCOMPARE(t.window->session().position(), 4);
     }
 };

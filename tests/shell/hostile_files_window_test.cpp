@@ -4,8 +4,10 @@
 // hundred opens in a row, whose leaks are the sanitizer build's to find.
 #include <thread>
 
-#include "panels/description_strip.h"
+#include "replay_generator.h"
+#include "shell/slow_task_dialog.h"
 #include "shell/window_fixture.h"
+#include "widgets/timeline.h"
 
 using namespace trelvin::testing;
 
@@ -44,7 +46,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         QFETCH(QStringList, expected);
         Window t;
-        frmMain& w = *t.window;
+        const trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
         t.open(t.write("hostile.trp", bytes));
         const QStringList& texts = t.messages.texts;
         QVERIFY2(texts.size() == expected.size(), qPrintable(texts.join(" | ")));
@@ -54,16 +56,16 @@ private slots:
         t.controls.cmdForw_Click();
         t.controls.cmdEnd_Click();
         t.controls.cmdBack_Click();
-        w.Frame2->o_Click(1);
-        w.Frame1->txtPolicko->setText("A0");
-        if (w.grid->fieldCount() > 0) w.Frame1->m_Click(w.grid->fieldCount());
+        t.find<trelvin::ViewModePanel>("Frame2").o_Click(1);
+        t.find<QLineEdit>("txtPolicko").setText("A0");
+        if (grid.fieldCount() > 0) t.find<trelvin::FieldPanel>("Frame1").m_Click(grid.fieldCount());
         for (const QString& text : texts) QVERIFY2(text.startsWith(kEventFailed), qPrintable(text));
 
         t.messages.texts.clear();
         t.open(kAlfaPath);
         QVERIFY2(texts.isEmpty(), qPrintable(texts.join(" | ")));
-        QCOMPARE(w.strip->lblTah->text(), QString("1 (7)"));
-        QCOMPARE(w.grid->fieldCount(), 6);
+        QCOMPARE(t.find<QLabel>("lblTah").text(), QString("1 (7)"));
+        QCOMPARE(grid.fieldCount(), 6);
     }
 
     // A load that takes long shows a progress dialog named after the file, and its Cancel
@@ -96,7 +98,7 @@ private slots:
         bool dialogSeen = false;
         QTimer cancel;
         QObject::connect(&cancel, &QTimer::timeout, [&] {
-            if (auto* dialog = t.window->findChild<QProgressDialog*>(); dialog && dialog->isVisible()) {
+            if (auto* dialog = t.window->findChild<QProgressDialog*>("slowTaskDialog"); dialog && dialog->isVisible()) {
                 dialogSeen = dialog->labelText().contains("hostile.trp");
                 dialog->cancel();
             }
@@ -108,6 +110,54 @@ private slots:
         QVERIFY2(t.messages.texts.value(0).endsWith("nacitani bylo preruseno"), qPrintable(t.messages.texts.join(" | ")));
     }
 
+    // After a failed open the step buttons keep the count of the replay before, as they are made to;
+    // End then has a box for every action the list lacks, and the progress dialog's Cancel ends it
+    // where it is. The list, the timeline and the jumps offer only what was read, and say the load
+    // failed.
+    void aFailedOpenLeavesNoTrap() {
+        Window t;
+        t.window->show();
+        t.open("velky.trp", trelvin::GenerateReplay(trelvin::GeneratorOptions{}));
+        t.open("prazdny.trp", "");
+        QCOMPARE(t.window->session().eventCount(), 32767);
+        QCOMPARE(t.window->session().actionsRead(), 0);
+        const QList<QLabel*> notes = t.window->findChildren<QLabel*>("failedLoadNote");
+        QCOMPARE(notes.size(), 3);  // the list's, the timeline's and the charts'
+        for (const QLabel* note : notes) QVERIFY2(note->text().contains("nepodarilo nacist"), qPrintable(note->text()));
+        QVERIFY(!t.find<trelvin::Timeline>("timeline").isEnabled());
+        QVERIFY(!t.find<QAction>("jumpToAction").isEnabled());
+
+        t.messages.texts.clear();
+        QElapsedTimer sinceCancel;
+        int boxesAfterCancel = 0;
+        t.messages.whileShown = [&] {
+            if (sinceCancel.isValid()) ++boxesAfterCancel;
+            if (t.messages.texts.size() == 1) QTest::qWait(2 * trelvin::SlowTaskDialog::kDelayMilliseconds);
+            auto* progress = t.window->findChild<QProgressDialog*>();
+            if (progress && progress->isVisible() && !sinceCancel.isValid()) {
+                progress->cancel();
+                sinceCancel.start();
+            }
+        };
+        t.find<QPushButton>("cmdEnd").click();
+        QVERIFY(sinceCancel.isValid());
+        QVERIFY2(sinceCancel.elapsed() < 1000, qPrintable(QString::number(sinceCancel.elapsed())));
+        QVERIFY2(boxesAfterCancel <= 1, qPrintable(QString::number(boxesAfterCancel)));
+        QVERIFY(t.window->session().position() < 10);
+
+        // A real box is modal to the window alone: the progress dialog beside it keeps its Cancel.
+        trelvin::MessageBoxService boxes(t.window.get());
+        Qt::WindowModality modality = Qt::NonModal;
+        QTimer::singleShot(0, [&] {
+            if (QWidget* box = QApplication::activeModalWidget()) {
+                modality = box->windowModality();
+                box->close();
+            }
+        });
+        boxes.showMessage(QStringLiteral("Chyba pri provadeni tahu - zkouska"));
+        QCOMPARE(modality, Qt::WindowModal);
+    }
+
     // Every open rebuilds the same grid and keeps the same number of child objects, which a
     // leak check at exit would not see.
     void hundredAlternatingOpens() {
@@ -116,12 +166,13 @@ private slots:
         Window t;
         t.window->show();
         QVERIFY(QTest::qWaitForWindowExposed(t.window.get()));
+        const trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
         qsizetype children = 0;
         for (int open = 0; open < 100; ++open) {
             const auto& [path, fieldsAndLabels, events] = replays[open % 2];
             t.open(path);
             QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join(" | ")));
-            QCOMPARE(std::pair(t.window->grid->fieldCount(), t.window->grid->layout().labelCount()), fieldsAndLabels);
+            QCOMPARE(std::pair(grid.fieldCount(), grid.layout().labelCount()), fieldsAndLabels);
             QCOMPARE(t.applies([&] { t.controls.cmdEnd_Click(); }), Range(1, events));
             t.controls.cmdBegin_Click();
             QCoreApplication::processEvents();

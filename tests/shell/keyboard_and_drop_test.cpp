@@ -1,6 +1,5 @@
 // The window's keys, a dropped file and the field tooltip: each key presses exactly the button
 // of the mode shown and nothing when that button is disabled; text fields keep their keys.
-#include "panels/description_strip.h"
 #include "panels/help_menu.h"
 #include "widgets/clock_face.h"
 #include "shell/window_fixture.h"
@@ -34,7 +33,6 @@ class KeyboardAndDropTest : public QObject {
 private slots:
     void eachKeyPressesTheButtonOfTheModeShown() {
         Window t;
-        trelvin::PlaybackControls& c = t.controls;
         t.activate();
         for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());  // nothing opened yet
         t.open("rada.trp", PlainReplay(10));
@@ -43,15 +41,15 @@ private slots:
                                   {Qt::Key_Home, {1}}, {Qt::Key_Left, {}}, {Qt::Key_Home, {}}};
         for (const KeyPress& step : steps) QCOMPARE(press(t, step.key), step.applied);
 
-        c.ov[1]->click();
+        t.find<QRadioButton>("ov1").click();
         // Right has no button in the show; Space is "-->", then "II", then a disabled "-->".
         const KeyPress show[] = {{Qt::Key_Right, {}}, {Qt::Key_Home, {}}, {Qt::Key_Space, {2}}, {Qt::Key_Space, {}},
                                  {Qt::Key_End, Range(1, 10)}, {Qt::Key_Space, {}}, {Qt::Key_Home, {1}}};
         for (const KeyPress& step : show) QCOMPARE(press(t, step.key), step.applied);
         QVERIFY(!t.window->session().isPlaying());
 
-        c.ov[0]->click();
-        for (QLineEdit* field : {t.window->Frame1->txtPolicko, t.window->f->cmbHraci->lineEdit()}) {
+        t.find<QRadioButton>("ov0").click();
+        for (QLineEdit* field : {&t.find<QLineEdit>("txtPolicko"), t.find<QComboBox>("cmbHraci").lineEdit()}) {
             field->setFocus();
             field->setText("B1");
             for (Qt::Key key : kStepKeys) QVERIFY(press(t, key).empty());
@@ -63,16 +61,17 @@ private slots:
     // window: the command each presses, the menu entry each triggers.
     void theKeyTableTellsWhatEachKeyDoes() {
         Window t;
-        QCOMPARE(t.window->mnuNapoveda->keysAction->shortcut(), QKeySequence(Qt::Key_F1));
-        t.window->mnuNapoveda->keysAction->trigger();
-        auto* table = t.window->findChild<QDialog*>("keyTable")->findChild<QTableWidget*>();
+        QAction& keys = t.find<QAction>("keysAction");
+        QCOMPARE(keys.shortcut(), QKeySequence(Qt::Key_F1));
+        keys.trigger();
+        auto* table = t.find<QDialog>("keyTable").findChild<QTableWidget*>();
         QStringList rows;
         for (int row = 0; row < table->rowCount(); ++row) rows << table->item(row, 0)->text() + ": " + table->item(row, 1)->text();
         for (const char* row : {"Sipka vpravo: O akci vpred", "Mezernik: Prehravat / Zastavit", "Ctrl+G: Na akci",
                                 "Ctrl+Shift+Sipka vpravo: Dalsi dobyti veleni", "Ctrl++ / Ctrl+=: Priblizit mapu",
                                 "F1: Klavesy"})
             QVERIFY2(rows.contains(row), qPrintable(rows.join(", ")));
-        t.window->mnuNapoveda->keysAction->trigger();  // one table at a time
+        keys.trigger();  // one table at a time
         QCOMPARE(t.window->findChildren<QDialog*>("keyTable").size(), 1);
     }
 
@@ -80,16 +79,17 @@ private slots:
     // to read it; "O programu" names the version, the licence and the files read.
     void everyButtonAndTheClockHaveATooltipWithTheirKey() {
         Window t;
-        const std::pair<QPushButton*, const char*> keyed[] = {
-            {t.controls.cmdBegin, "Home"},      {t.controls.cmdBack, "Sipka vlevo"}, {t.controls.cmdForw, "Sipka vpravo"},
-            {t.controls.cmdEnd, "End"},         {t.controls.cmdSBegin, "Home"},      {t.controls.cmdS, "Mezernik"},
-            {t.controls.cmdD, "Mezernik"},      {t.controls.cmdSEnd, "End"},
+        const std::pair<const char*, const char*> keyed[] = {
+            {"cmdBegin", "Home"},  {"cmdBack", "Sipka vlevo"}, {"cmdForw", "Sipka vpravo"}, {"cmdEnd", "End"},
+            {"cmdSBegin", "Home"}, {"cmdS", "Mezernik"},       {"cmdD", "Mezernik"},         {"cmdSEnd", "End"},
         };
-        for (const auto& [button, key] : keyed)
-            QVERIFY2(button->toolTip().contains(QString("(%1)").arg(key)), qPrintable(button->text() + ": " + button->toolTip()));
+        for (const auto& [name, key] : keyed) {
+            const QPushButton& button = t.find<QPushButton>(name);
+            QVERIFY2(button.toolTip().contains(QString("(%1)").arg(key)), qPrintable(button.text() + ": " + button.toolTip()));
+        }
         for (const QPushButton* button : t.window->findChildren<QPushButton*>())
             QVERIFY2(!button->toolTip().isEmpty(), qPrintable(button->text()));
-        QVERIFY(!t.window->strip->pHod->toolTip().isEmpty());
+        QVERIFY(!t.find<trelvin::ClockFace>("pHod").toolTip().isEmpty());
         const QString about = trelvin::AboutText();
         for (const char* part : {TRELVIN_VERSION, "Licence", "*.trp"}) QVERIFY2(about.contains(part), part);
     }
@@ -117,7 +117,7 @@ private slots:
         t.activate();
         // Column 74 has the code page's character 0x8A, "Š": the name crosses into Unicode.
         t.open("siroky.trp", BlankWorld(74, 2));
-        trelvin::MapGrid& grid = *t.window->grid;
+        trelvin::MapGrid& grid = t.find<trelvin::MapGrid>("grid");
         QTRY_COMPARE(ToolTipAt(*grid.viewport(), grid.fieldRectInViewport(74).center()), QString::fromUtf8("\xc5\xa0" "0"));
     }
 };

@@ -1,6 +1,5 @@
 // The open flow in the window: it builds the grid for the new map in the designed places,
 // reports what fails in its own order, and stops at the grid's limits.
-#include "panels/description_strip.h"
 #include "shell/window_fixture.h"
 
 using namespace trelvin::testing;
@@ -14,11 +13,11 @@ class MapWindowTest : public QObject {
 private slots:
     void alfaAfterALargerWorldHasOnlyItsSixFieldsAndFiveLabels() {
         Window t;
+        const trelvin::MapGrid& grid = t.find<trelvin::MapGrid>("grid");
         t.open("velky.trp", BlankWorld(5, 4));
-        QCOMPARE(t.window->grid->fieldCount(), 20);
+        QCOMPARE(grid.fieldCount(), 20);
         const double width = t.window->outerWidthTwips();
         QCOMPARE(t.applies([&] { t.open("alfa.trp", kAlfa); }), std::vector<int>{1});
-        const trelvin::MapGrid& grid = *t.window->grid;
         QVERIFY2(t.messages.texts.isEmpty(), qPrintable(t.messages.texts.join('|')));
         QCOMPARE(grid.fieldCount(), 6);
         for (int k = 1; k <= 6; ++k) {
@@ -28,31 +27,32 @@ private slots:
         QCOMPARE(grid.layout().labelCount(), 5);
         // Until the first step every field shows free land.
         QCOMPARE(grid.scene().pictures, std::vector<int>(6, 2));
-        QCOMPARE(t.window->strip->lblTah->text(), QString("1 (7)"));
+        QCOMPARE(t.find<QLabel>("lblTah").text(), QString("1 (7)"));
     }
 
     // Zobrazeni -> Zvyraznit akci: on at start, the marks as far as the way of viewing sees.
     void theCurrentActionIsMarkedInEveryWayOfViewingUntilTurnedOff() {
         Window t;
         t.open("alfa.trp", kAlfa);
-        frmMain& w = *t.window;
-        QVERIFY(w.mnuZobrazeni->actions().contains(w.grid->highlightAction));
-        QVERIFY(w.grid->highlightAction->isChecked());
+        const trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
+        QAction& highlight = t.find<QAction>("highlightAction");
+        QVERIFY(t.find<QMenu>("mnuZobrazeni").actions().contains(&highlight));
+        QVERIFY(highlight.isChecked());
         for (int i = 1; i < 6; ++i) t.controls.cmdForw_Click();  // Karel's attack from A0 on B0
-        const auto marks = [&w] {
-            const trelvin::ActionMarks& m = w.grid->scene().marks;
+        const auto marks = [&grid] {
+            const trelvin::ActionMarks& m = grid.scene().marks;
             return std::tuple(m.outlined, m.arrowFrom, m.arrowTo);
         };
         QCOMPARE(marks(), std::tuple(std::vector<int>{1, 2}, 1, 2));
-        w.Frame2->o[0]->click();  // as louka: A0 is out of sight, and nothing points to it
+        t.find<QRadioButton>("o0").click();  // as louka: A0 is out of sight, and nothing points to it
         QCOMPARE(marks(), std::tuple(std::vector<int>{2}, 0, 0));
-        w.grid->highlightAction->trigger();
-        QVERIFY(w.grid->scene().marks.empty());
+        highlight.trigger();
+        QVERIFY(grid.scene().marks.empty());
         t.controls.cmdBack_Click();
-        QVERIFY(w.grid->scene().marks.empty());
-        w.grid->highlightAction->trigger();
+        QVERIFY(grid.scene().marks.empty());
+        highlight.trigger();
         QCOMPARE(marks(), std::tuple(std::vector<int>{}, 0, 0));  // Karel's purchase, hidden from louka
-        w.Frame2->o[2]->click();
+        t.find<QRadioButton>("o2").click();
         QCOMPARE(marks(), std::tuple(std::vector<int>{1}, 0, 0));
     }
 
@@ -64,10 +64,10 @@ private slots:
         QVERIFY2(texts[0].startsWith("Chyba pri nacitani replaye - "), qPrintable(texts[0]));
         QVERIFY2(texts[1].startsWith("Chyba pri provadeni tahu - "), qPrintable(texts[1]));
         QCOMPARE(texts[2], QString("Index mimo rozsah: udalost 1 neexistuje"));
-        QVERIFY(t.window->Frame1->txtPolicko->isEnabled());
-        QVERIFY(!t.controls.cmdS->isEnabled());
-        QCOMPARE(EnabledButtons(t.controls), QString("0000000000"));
-        QCOMPARE(t.window->strip->lblTah->text(), QString("1 (0)"));
+        QVERIFY(t.find<QLineEdit>("txtPolicko").isEnabled());
+        QVERIFY(!t.find<QPushButton>("cmdS").isEnabled());
+        QCOMPARE(EnabledButtons(t), QString("0000000000"));
+        QCOMPARE(t.find<QLabel>("lblTah").text(), QString("1 (0)"));
     }
 
     // Past the grid's limits the flow reports the overflow and stops before enabling the panels.
@@ -76,7 +76,7 @@ private slots:
             Window t;
             t.open("velky.trp", BlankWorld(columns, rows));
             QCOMPARE(t.messages.texts, overflows ? QStringList{"Preteceni (hodnota mimo povoleny rozsah)"} : QStringList{});
-            QCOMPARE(t.window->Frame1->txtPolicko->isEnabled(), !overflows);
+            QCOMPARE(t.find<QLineEdit>("txtPolicko").isEnabled(), !overflows);
         }
     }
 };

@@ -2,7 +2,6 @@
 // outgrows the screen, zoom keeps clicks and names on their fields, and every designed caption
 // fits its box.
 #include "model/field_addressing.h"
-#include "panels/description_strip.h"
 #include "panels/fitting_label.h"
 #include "bridge/date_text.h"
 #include "shell/window_fixture.h"
@@ -10,9 +9,10 @@
 using namespace trelvin::testing;
 
 // Where field k's square lies in the window.
-static QRect FieldInWindow(const frmMain& w, int k) {
-    const QRect r = w.grid->fieldRectInViewport(k);
-    return QRect(w.grid->viewport()->mapTo(&w, r.topLeft()), r.size());
+static QRect FieldInWindow(Window& t, int k) {
+    const trelvin::MapGrid& grid = t.find<trelvin::MapGrid>("grid");
+    const QRect r = grid.fieldRectInViewport(k);
+    return QRect(grid.viewport()->mapTo(t.window.get(), r.topLeft()), r.size());
 }
 
 class ScreenFitTest : public QObject {
@@ -25,24 +25,25 @@ private slots:
         Window fresh;
         fresh.window->show();
         fresh.open("maly.trp", BlankWorld(5, 4));
-        const QRect firstField = FieldInWindow(*fresh.window, 1);
+        const QRect firstField = FieldInWindow(fresh, 1);
         const QSize designed = fresh.window->size();
 
         Window t;
         t.window->show();
+        const trelvin::MapGrid& grid = t.find<trelvin::MapGrid>("grid");
         for (const auto& [columns, rows] : {std::pair{109, 100}, {60, 40}, {20, 10}, {5, 4}}) {
             t.open("mapa.trp", BlankWorld(columns, rows));
             QTest::qWait(50);  // the window manager answers the resize
             QVERIFY2(screen.contains(t.window->frameGeometry()), qPrintable(QString::number(columns)));
-            const QSize view = t.window->grid->viewport()->size();
-            const QSize content = t.window->grid->contentSize(20);
+            const QSize view = grid.viewport()->size();
+            const QSize content = grid.contentSize(20);
             // What the screen cannot show scrolls; a medium map is shown whole.
-            QCOMPARE(t.window->grid->horizontalScrollBar()->maximum(), std::max(0, content.width() - view.width()));
+            QCOMPARE(grid.horizontalScrollBar()->maximum(), std::max(0, content.width() - view.width()));
             if (columns <= 20)
                 QVERIFY2(view.width() >= content.width() && view.height() >= content.height(),
                          qPrintable(QString("%1x%2 in %3x%4").arg(content.width()).arg(content.height()).arg(view.width()).arg(view.height())));
         }
-        QCOMPARE(FieldInWindow(*t.window, 1), firstField);
+        QCOMPARE(FieldInWindow(t, 1), firstField);
         QCOMPARE(t.window->size(), designed);
     }
 
@@ -50,20 +51,21 @@ private slots:
         Window t;
         t.activate();
         t.open("mapa.trp", BlankWorld(40, 30));
-        trelvin::MapPanel& grid = *t.window->grid;
-        const auto sizes = [&](QAction* action) {
-            action->trigger();
+        trelvin::MapPanel& grid = t.find<trelvin::MapPanel>("grid");
+        const auto sizes = [&](const char* action) {
+            t.find<QAction>(action).trigger();
             return grid.fieldPixels();
         };
-        QCOMPARE(sizes(grid.zoomInAction), 24);
-        QCOMPARE(sizes(grid.zoomInAction), 30);
-        QCOMPARE(sizes(grid.zoomOutAction), 24);
-        QCOMPARE(sizes(grid.zoomResetAction), 20);
-        grid.zoomFitAction->trigger();
+        QCOMPARE(sizes("zoomInAction"), 24);
+        QCOMPARE(sizes("zoomInAction"), 30);
+        QCOMPARE(sizes("zoomOutAction"), 24);
+        QCOMPARE(sizes("zoomResetAction"), 20);
+        t.find<QAction>("zoomFitAction").trigger();
         QVERIFY(grid.fieldPixels() < 20);
         QCOMPARE(grid.horizontalScrollBar()->maximum(), 0);
         QCOMPARE(grid.verticalScrollBar()->maximum(), 0);
 
+        const QLineEdit& fieldName = t.find<QLineEdit>("txtPolicko");
         for (int pixels : {4, 12, 20, 50}) {
             grid.setFieldPixels(pixels);
             grid.horizontalScrollBar()->setValue(grid.horizontalScrollBar()->maximum() / 2);
@@ -72,7 +74,7 @@ private slots:
                 if (!grid.viewport()->rect().contains(field)) continue;
                 QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, field.center());
                 const QString name = QString::fromStdString(trelvin::FieldName(t.world(), k));
-                QCOMPARE(t.window->Frame1->txtPolicko->text(), name);
+                QCOMPARE(fieldName.text(), name);
                 QTRY_COMPARE(ToolTipAt(*grid.viewport(), field.center()), name);
             }
         }
@@ -100,25 +102,24 @@ private slots:
         Window t;
         t.window->show();
         frmMain& w = *t.window;
-        trelvin::DescriptionStrip& strip = *w.strip;
-        trelvin::PlayerPanel& players = *w.f;
-        trelvin::FieldPanel& field = *w.Frame1;
+        const auto setText = [&t](const char* label, const QString& text) { t.find<QLabel>(label).setText(text); };
         // The longest values the boxes are meant for.
-        strip.lblTah->setText("32767 (32767)");
-        strip.lbl->setText("Utok z F4 (Jana) na E3 (volne uzemi) s 32767 jednotkami.\nUtok se zdaril prezilo 32767 "
+        setText("lblTah", "32767 (32767)");
+        setText("lbl", "Utok z F4 (Jana) na E3 (volne uzemi) s 32767 jednotkami.\nUtok se zdaril prezilo 32767 "
                        "jednotek\nDobyto veleni hrace Bartolomej\nAkce stala 32767 tah(u).");
-        strip.lblCas->setText(trelvin::GeneralDateText(*trelvin::DateTime::fromParts(2004, 12, 31, 23, 59, 59),
+        setText("lblCas", trelvin::GeneralDateText(*trelvin::DateTime::fromParts(2004, 12, 31, 23, 59, 59),
                                                    QLocale(QLocale::Czech)));
-        for (QLabel* value : {players.lblPocetTahu, players.lblMnozstviNektaru}) value->setText("32767 (+ 255/hod)");
-        players.lblVelikostUzemi->setText("255");
-        field.lblPTyp->setText("Normalni");
-        field.lblPVlastnik->setText("Nedobytne pole");
-        field.lblPTypArmady->setText(QString::fromUtf8("Vosi\u010dka"));
-        players.lblVeleni->setText("Uz nehraje");
+        for (const char* value : {"lblPocetTahu", "lblMnozstviNektaru"}) setText(value, "32767 (+ 255/hod)");
+        setText("lblVelikostUzemi", "255");
+        setText("lblPTyp", "Normalni");
+        setText("lblPVlastnik", "Nedobytne pole");
+        setText("lblPTypArmady", QString::fromUtf8("Vosi\u010dka"));
+        setText("lblVeleni", "Uz nehraje");
 
+        const QWidget& grid = t.find<trelvin::MapGrid>("grid");
         QStringList cut;
         for (QWidget* widget : w.centralWidget()->findChildren<QWidget*>()) {
-            if (!widget->isVisibleTo(&w) || widget == w.grid || w.grid->isAncestorOf(widget)) continue;
+            if (!widget->isVisibleTo(&w) || widget == &grid || grid.isAncestorOf(widget)) continue;
             const QFontMetrics metrics = widget->fontMetrics();
             QString text;
             QSize needed;
@@ -152,7 +153,7 @@ private slots:
         Window t;
         t.activate();
         frmMain& w = *t.window;
-        trelvin::FittingLabel& nectar = *w.f->lblMnozstviNektaru;
+        trelvin::FittingLabel& nectar = t.find<trelvin::FittingLabel>("lblMnozstviNektaru");
         const QRect designed = nectar.geometry();
         nectar.setText("1245296 (+ 2406/hod)");
         QVERIFY(!nectar.fitsIn(nectar.font()));
@@ -166,14 +167,15 @@ private slots:
         QCOMPARE(nectar.fittedFont(), nectar.font());
         QTRY_COMPARE(ToolTipAt(nectar, nectar.rect().center()), QString());
 
-        trelvin::FittingLabel& description = *w.strip->lbl;
+        trelvin::FittingLabel& description = t.find<trelvin::FittingLabel>("lbl");
         description.setText("Utok z F4 (Bartolomej Svatopluk) na E3 (Maximilian Ferdinand) s 32767 jednotkami.\n"
                             "Utok se zdaril prezilo 32767 jednotek\nDobyto veleni hrace Maximilian Ferdinand\n"
                             "Akce stala 32767 tah(u).");
         QVERIFY(!description.fitsIn(description.font()));
         QVERIFY(description.fitsIn(description.fittedFont()));
         const int textBottom = description.mapTo(&w, description.contentsRect().bottomLeft()).y();
-        QVERIFY2(textBottom < w.Frame2->mapTo(&w, QPoint()).y(), qPrintable(QString::number(textBottom)));
+        QVERIFY2(textBottom < t.find<trelvin::ViewModePanel>("Frame2").mapTo(&w, QPoint()).y(),
+                 qPrintable(QString::number(textBottom)));
         QTRY_COMPARE(ToolTipAt(description, description.rect().center()), description.text());
     }
 };

@@ -1,6 +1,10 @@
 #pragma once
 // The main window driven without a person: the Open dialog answers from a queue, message
-// boxes are recorded, and so are the events every move applies.
+// boxes are recorded, and so are the events every move applies. Its widgets are found by their
+// object names, as the window names them.
+#include <source_location>
+#include <stdexcept>
+
 #include <QtTest>
 #include <QtWidgets>
 
@@ -13,6 +17,20 @@
 #include "support/replays.h"
 
 namespace trelvin::testing {
+
+// The one object of type W named `name` under `root`. A name that finds none, or more than one,
+// fails the test where it was asked for, and ends it.
+template <typename W>
+W& Find(QObject& root, const QString& name, std::source_location at = std::source_location::current()) {
+    const QList<W*> found = root.findChildren<W*>(name);
+    if (found.size() == 1) return *found.front();
+    const QString problem = QStringLiteral("%1 %2 named \"%3\" under %4, not one")
+                                .arg(found.size())
+                                .arg(QString::fromLatin1(W::staticMetaObject.className()), name,
+                                     QString::fromLatin1(root.metaObject()->className()));
+    QTest::qFail(qPrintable(problem), at.file_name(), int(at.line()));
+    throw std::logic_error(problem.toStdString());
+}
 
 struct RecordingMessages : MessageService {
     void showMessage(const QString& text) override {
@@ -39,7 +57,7 @@ struct Window {
                                  if (openReplay) return openReplay(path);
                                  return std::make_unique<ReplayFile>(path.toStdString());
                              }})),
-          controls(*window->controls) {
+          controls(Find<PlaybackControls>(*window, "controls")) {
         ReplaySession& session = window->session();
         const auto note = [this, &session] {
             const std::vector<int>& events = session.lastMove().applied;
@@ -63,6 +81,11 @@ struct Window {
         return file.fileName();
     }
     const WorldState& world() const { return window->session().world(); }
+    // The window's object named `name`.
+    template <typename W>
+    W& find(const QString& name, std::source_location at = std::source_location::current()) {
+        return Find<W>(*window, name, at);
+    }
     // The events `action` applies.
     template <typename Action>
     std::vector<int> applies(Action action) {
@@ -87,10 +110,10 @@ struct Window {
 };
 
 // '1' for each enabled button: the five forward ones, then the five backward ones.
-inline QString EnabledButtons(const PlaybackControls& c) {
+inline QString EnabledButtons(Window& t) {
     QString result;
-    for (QPushButton* b : {c.cmdForw, c.cmdEnd, c.cmdSEnd, c.cmdD, c.cmdRD, c.cmdBack, c.cmdBegin, c.cmdSBegin, c.cmdZ, c.cmdRZ})
-        result += b->isEnabled() ? '1' : '0';
+    for (const char* button : {"cmdForw", "cmdEnd", "cmdSEnd", "cmdD", "cmdRD", "cmdBack", "cmdBegin", "cmdSBegin", "cmdZ", "cmdRZ"})
+        result += t.find<QPushButton>(button).isEnabled() ? '1' : '0';
     return result;
 }
 
