@@ -19,6 +19,8 @@ EMSCRIPTEN_BINDINGS(trelvin_core) {
         .function("updateButtons", &Replay::updateButtons)
         .function("position", &Replay::position)
         .function("eventCount", &Replay::eventCount)
+        .function("actionsRead", &Replay::actionsRead)
+        .function("failedLoadText", &Replay::failedLoadText)
         .function("setViewMode", &Replay::setViewMode)
         .function("pictures", &Replay::pictures)
         .function("marks", &Replay::marks)

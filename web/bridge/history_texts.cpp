@@ -93,27 +93,26 @@ val LicenceText() {
 }
 
 int Nearest(const Replay& replay, int kind, bool forward) {
-    const int found = logOf(replay).nearest(replay.position(), static_cast<EventKind>(kind), forward);
-    return found <= replay.eventCount() ? found : 0;
+    return logOf(replay).nearest(replay.position(), static_cast<EventKind>(kind), forward);
 }
 
 std::string PlayerCsv(const Replay& replay) {
     const ReplayHistory& history = replay.cursor().history();
     if (!history.series.complete()) return {};
     std::string out;
-    WritePlayerCsv(history, replay.eventCount(), [&out](std::string_view rows) { out += rows; });
+    WritePlayerCsv(history, replay.actionsRead(), [&out](std::string_view rows) { out += rows; });
     return out;
 }
 
 val TimelineMarks(const Replay& replay) {
-    const trelvin::TimelineMarks marks = TimelineMarksOf(logOf(replay), replay.eventCount());
+    const trelvin::TimelineMarks marks = TimelineMarksOf(logOf(replay), replay.actionsRead());
     val kinds = val::array();
     for (const std::vector<int>& events : marks) kinds.call<void>("push", Int32s(events));
     return kinds;
 }
 
 val TimelineHover(const Replay& replay, int event, int captures, int failures) {
-    return Strings(TimelineHoverLines(logOf(replay), event, replay.eventCount(), captures, failures));
+    return Strings(TimelineHoverLines(logOf(replay), event, replay.actionsRead(), captures, failures));
 }
 
 val EventTime(const Replay& replay, int event) {
@@ -126,7 +125,7 @@ std::string ChartsMissing(const Replay& replay) {
 
 int ChartEvents(const Replay& replay) {
     const ReplayHistory& history = replay.cursor().history();
-    return std::max(0, std::min({replay.eventCount(), history.log.size(), history.series.eventCount()}));
+    return std::max(0, std::min({replay.actionsRead(), history.log.size(), history.series.eventCount()}));
 }
 
 int ChartPlayers(const Replay& replay) {

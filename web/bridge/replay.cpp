@@ -84,6 +84,7 @@ val Replay::open(const std::string& bytes, const std::string& name, double size,
     const OpenResult opened = cursor_.open(source, keepGoing.isUndefined() ? nullptr : &progress);
     val result = moveResult(opened.first, cursor_.position(), cursor_.eventCount());
     result.set("failure", cp1250ToUtf8(opened.load.failure));
+    loadFailed_ = !opened.load.succeeded();
     std::string gridFailure;
     try {
         layout_.build(cursor_.world().mapHeight, cursor_.world().mapWidth, 0);
@@ -106,7 +107,18 @@ val Replay::first() { return move([this](MoveWatcher* w) { return cursor_.first(
 val Replay::back() { return move([this](MoveWatcher* w) { return cursor_.back(w); }); }
 val Replay::forward() { return move([this](MoveWatcher* w) { return cursor_.forward(w); }); }
 val Replay::last() { return move([this](MoveWatcher* w) { return cursor_.last(w); }); }
-val Replay::jumpTo(int target) { return move([this, target](MoveWatcher* w) { return cursor_.jumpTo(target, w); }); }
+val Replay::jumpTo(int target) {
+    const int from = cursor_.position();
+    ButtonWatcher watcher(buttons_, cursor_);
+    const MoveResult moved = cursor_.jumpTo(target, &watcher);
+    val result = moveResult(moved, cursor_.position(), cursor_.eventCount());
+    std::vector<std::string> news;
+    for (const EventReport& report : NewsOfJump(moved, from, cursor_.position())) news.push_back(cp1250ToUtf8(report.text));
+    result.set("news", Strings(news));
+    return result;
+}
+
+std::string Replay::failedLoadText() const { return loadFailed_ ? FailedLoadText(cursor_.actionsRead()) : std::string(); }
 
 val Replay::updateButtons() {
     buttons_.follow(cursor_.position(), cursor_.eventCount());

@@ -30,12 +30,18 @@ public:
     val back();
     val forward();
     val last();
+    // A jump also tells `news`: the reports of the actions the user had not passed yet.
     val jumpTo(int target);
     // The button groups for the position as it stands.
     val updateButtons();
 
     int position() const { return cursor_.position(); }
     int eventCount() const { return cursor_.eventCount(); }
+    // The actions the last open read: those the list, the timeline, the charts and the jumps offer.
+    int actionsRead() const { return cursor_.actionsRead(); }
+    // After a load that failed, the line the list, the timeline and the charts show; empty after
+    // one that succeeded.
+    std::string failedLoadText() const;
     // "all", "les" or "louka"; false for any other name.
     bool setViewMode(const std::string& name);
 
@@ -65,6 +71,7 @@ private:
     GridLayout layout_;
     StepButtons buttons_;
     std::vector<std::uint8_t> frame_;
+    bool loadFailed_ = false;
 };
 
 }  // namespace trelvin::web

@@ -83,10 +83,15 @@ export interface Replay {
   back(): MoveResult;
   forward(): MoveResult;
   last(): MoveResult;
-  jumpTo(target: number): MoveResult;
+  // `news`: the reports of the actions the user had not passed yet.
+  jumpTo(target: number): MoveResult & { news: string[] };
   updateButtons(): Buttons;
   position(): number;
   eventCount(): number;
+  // The actions the last open read: those the list, the timeline, the charts and the jumps offer.
+  actionsRead(): number;
+  // After a load that failed, the line the list, the timeline and the charts show; "" otherwise.
+  failedLoadText(): string;
   setViewMode(name: string): boolean;
   // A view into the core's memory: copy it before the next call.
   pictures(): Uint8Array;

@@ -37,7 +37,7 @@ async function openReplay(viewer: Viewer, read: (progress: LoadProgress) => Prom
     const opened = viewer.open(source, source.cancelled ? (done, total) => done < total : undefined);
     if (opened.gridFailure) return;
     if (moment.fieldPixels) viewer.map.setFieldPixels(moment.fieldPixels);
-    if (moment.action && moment.action >= 1 && moment.action <= opened.eventCount) viewer.jumpTo(moment.action);
+    if (moment.action && moment.action >= 1 && moment.action <= viewer.replay.actionsRead()) viewer.jumpTo(moment.action);
   } catch (error) {
     viewer.boxes.show(error instanceof Error ? error.message : String(error));
   } finally {
@@ -125,8 +125,8 @@ async function main(): Promise<void> {
     }
   });
   const jumpPrompt = () => {
-    if (viewer.isOpen && viewer.replay.eventCount() > 0)
-      askForAction(viewer.replay.eventCount(), viewer.replay.position(), (action) => viewer.jumpTo(action));
+    if (viewer.isOpen && viewer.replay.actionsRead() > 0)
+      askForAction(viewer.replay.actionsRead(), viewer.replay.position(), (action) => viewer.jumpTo(action));
   };
   element("jump-to").addEventListener("click", jumpPrompt);
   element("show-keys").addEventListener("click", showKeyTable);

@@ -69,6 +69,7 @@ export class Viewer {
     const result = this.replay.open(source.bytes, source.name, source.size, keepGoing);
     this.opened = { name: source.name, bytes: source.bytes };
     this.status.textContent = "";
+    this.showFailedLoad(result.failure);
     for (const opener of this.openers) opener();
     const messages = [result.failure, ...result.reports.map((report) => report.text)].filter((text) => text);
     this.map.setGrid(result.grid, this.map.fieldPixels);
@@ -90,6 +91,16 @@ export class Viewer {
     return result;
   }
 
+  // After a load that failed, the list, the timeline and the charts say so, and what they show.
+  private showFailedLoad(failure: string): void {
+    const text = this.replay.failedLoadText();
+    for (const note of document.querySelectorAll<HTMLElement>(".failed-load")) {
+      note.hidden = text === "";
+      note.textContent = text;
+      note.title = failure;
+    }
+  }
+
   // A step of the buttons or the show: its reports in boxes, one after another.
   private step(move: () => MoveResult): void {
     const start = performance.now();
@@ -102,20 +113,19 @@ export class Viewer {
   // Straight to an action, as the timeline, the list, the prompt and the jump keys go: what the
   // actions on the way reported goes to the status line.
   jumpTo(target: number): void {
-    if (this.replay.position() < 1 || this.replay.eventCount() < 1) return;
+    if (this.replay.position() < 1 || this.replay.actionsRead() < 1) return;
     const start = performance.now();
-    const result = this.replay.jumpTo(target);
+    const { position, news } = this.replay.jumpTo(target);
     this.moved();
     measured("jump", start);
-    const last = result.reports[result.reports.length - 1];
-    this.status.textContent = last
-      ? `Akce ${result.position}: pri opakovani akci ${result.reports.length} hlaseni, posledni: ${last.text}`
-      : `Akce ${result.position}`;
+    this.status.textContent = news.length > 0
+      ? `Akce ${position}: ${news.length} hlaseni, posledni: ${news[news.length - 1]}`
+      : `Akce ${position}`;
   }
 
   // The nearest action of a kind after or before the position.
   jumpToNearest(kind: ActionKind, forward: boolean): void {
-    if (!this.isOpen || this.replay.eventCount() < 1) return;
+    if (!this.isOpen || this.replay.actionsRead() < 1) return;
     const found = this.replay.nearest(kind, forward);
     if (found === 0) {
       this.status.textContent = forward ? "Dale uz zadna takova akce neni" : "Drive zadna takova akce nebyla";

@@ -75,6 +75,11 @@ test("a replay shows the action's texts; a bad file the loader's message in a bo
   const [message] = await closeBoxes(page);
   assert.ok(message.startsWith("Chyba pri nacitani replaye - "), message);
   assert.match(message, /'x' neni cislo/);
+  // The list, the timeline and the charts say what they show after it, the message in their tooltip.
+  const note = page.locator("#action-list .failed-load");
+  assert.equal(await note.textContent(), "Replay se nepodarilo nacist: neni v nem zadna akce");
+  assert.equal(await note.getAttribute("title"), message);
+  assert.equal(await page.locator(".failed-load").count(), 3);
   await expectSelfContained(opened);
   await page.close();
 });

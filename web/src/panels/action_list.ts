@@ -85,7 +85,7 @@ export class ActionList {
     this.shown = this.rows.shown(kind, player, this.search.value);
     this.filtered = kind !== 0 || player !== -1 || this.search.value.trim() !== "";
     this.spacer.style.height = `${this.shown.length * rowHeight}px`;
-    this.empty.hidden = !(this.shown.length === 0 && this.filtered && this.replay.eventCount() > 0);
+    this.empty.hidden = !(this.shown.length === 0 && this.filtered && this.replay.actionsRead() > 0);
     this.clearRows();
     this.selectPosition();
   }

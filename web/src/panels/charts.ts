@@ -53,7 +53,7 @@ export class Charts {
   // A newly opened replay; a hidden panel builds its chart when it is shown.
   showReplay(): void {
     const missing = this.replay.chartsMissing();
-    this.saveCsv.disabled = this.replay.eventCount() < 1 || missing !== "";
+    this.saveCsv.disabled = this.replay.actionsRead() < 1 || missing !== "";
     this.saveCsv.title = missing || "Ulozit hodnoty vsech hracu po kazde akci jako CSV";
     this.stale = this.panel.hidden !== false;
     if (this.stale) return;

@@ -68,7 +68,7 @@ export class Timeline {
 
   // A newly opened replay, all of it in view.
   showReplay(): void {
-    this.count = Math.max(this.replay.eventCount(), 0);
+    this.count = Math.max(this.replay.actionsRead(), 0);
     this.marks = this.count > 0 ? this.replay.timelineMarks() : [];
     this.position = this.requested = 0;
     this.canvas.setAttribute("aria-valuemax", String(this.count));
