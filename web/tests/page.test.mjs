@@ -96,7 +96,9 @@ test("markup in a file is shown as text, in UTF-8 from Windows-1250", async () =
   await closeBoxes(page);
   const description = await text(page, "#description");
   assert.ok(description.includes('<img src=x onerror="window.hacked=1"><b>Vosička</b>'), description);
-  assert.equal(await page.locator("#description *, #status *, #message-text *").count(), 0);
+  assert.equal(await page.locator("#player option").nth(1).textContent(), '<img src=x onerror="window.hacked=1"><b>Vosička</b> (les)');
+  assert.equal(await page.locator("#list-player option").nth(1).textContent(), '<img src=x onerror="window.hacked=1"><b>Vosička</b>');
+  assert.equal(await page.locator("#description *, #status *, #message-text *, #list-detail .description *").count(), 0);
   assert.equal(await page.evaluate(() => window.hacked), undefined);
   await expectSelfContained(opened);
   await page.close();
