@@ -53,7 +53,12 @@ export class MapView {
       this.view = { width: entry.contentRect.width, height: entry.contentRect.height };
       this.paint();
     }).observe(canvas);
-    canvas.addEventListener("pointerdown", (event) => this.pointerDown(event));
+    canvas.addEventListener("pointerdown", (event) => {
+      this.corner = undefined;
+      this.pointerDown(event);
+    });
+    canvas.addEventListener("pointerenter", () => { this.corner = undefined; });
+    canvas.addEventListener("wheel", () => { this.corner = undefined; }, { passive: true, capture: true });
     canvas.addEventListener("pointermove", (event) => this.pointerMove(event));
     canvas.addEventListener("pointerup", (event) => this.pointerUp(event));
     canvas.addEventListener("pointercancel", (event) => this.pointerUp(event, true));
@@ -280,9 +285,13 @@ export class MapView {
     context.fillRect(left, top, side, side);
   }
 
+  // The pointer's place on the canvas. The canvas's own place is measured when a press or the
+  // pointer comes to it, not at every move: a move would make the browser lay out the page at once.
+  private corner?: { left: number; top: number };
+
   private local(event: PointerEvent | WheelEvent): { x: number; y: number } {
-    const box = this.canvas.getBoundingClientRect();
-    return { x: event.clientX - box.left, y: event.clientY - box.top };
+    this.corner ??= this.canvas.getBoundingClientRect();
+    return { x: event.clientX - this.corner.left, y: event.clientY - this.corner.top };
   }
 
   private pointerDown(event: PointerEvent): void {

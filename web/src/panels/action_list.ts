@@ -26,6 +26,7 @@ export class ActionList {
   // The row chosen with the keys or the mouse, whose detail is shown; -1 for none.
   private current = -1;
   private drawn = new Map<number, HTMLElement>();
+  private spare: HTMLElement[] = [];
   private filtered = false;
   // The rows' view height, followed by the resize observer rather than read at every move.
   private viewHeight = 0;
@@ -53,6 +54,7 @@ export class ActionList {
       if (row) this.choose(Number(row.dataset.row));
     });
     this.view.addEventListener("keydown", (event) => this.key(event));
+    this.view.addEventListener("pointerover", (event) => this.giveToolTip(event.target));
   }
 
   get visible(): boolean {
@@ -140,26 +142,27 @@ export class ActionList {
   }
 
   private clearRows(): void {
-    for (const row of this.drawn.values()) row.remove();
+    for (const row of this.drawn.values()) row.hidden = true;
+    this.spare.push(...this.drawn.values());
     this.drawn.clear();
   }
 
-  // The rows in view and a few around them; the others are let go.
+  // The rows in view and a few around them; rows that leave are filled anew for others.
   private drawRows(restyle = false): void {
     if (!this.rows || this.panel.hidden) return;
     const from = Math.max(0, Math.floor(this.scrolled / rowHeight) - 5);
     const to = Math.min(this.shown.length, Math.ceil((this.scrolled + this.viewHeight) / rowHeight) + 5);
     for (const [index, row] of this.drawn) {
       if (index >= from && index < to) continue;
-      row.remove();
+      this.spare.push(row);
       this.drawn.delete(index);
     }
     for (let index = from; index < to; ++index) {
       let row = this.drawn.get(index);
       if (!row) {
-        row = this.makeRow(index);
+        row = this.spare.pop() ?? this.newRow();
+        this.fillRow(row, index);
         this.drawn.set(index, row);
-        this.view.append(row);
       } else if (!restyle) {
         continue;
       }
@@ -167,27 +170,37 @@ export class ActionList {
       row.classList.toggle("selected", selected);
       row.setAttribute("aria-selected", String(selected));
     }
+    for (const row of this.spare) {
+      row.hidden = true;
+      row.classList.remove("selected");
+    }
   }
 
-  private makeRow(index: number): HTMLElement {
+  private newRow(): HTMLElement {
+    const row = document.createElement("div");
+    row.setAttribute("role", "option");
+    for (let cell = 0; cell < 4; ++cell) row.append(document.createElement("span"));
+    this.view.append(row);
+    return row;
+  }
+
+  private fillRow(row: HTMLElement, index: number): void {
     const event = this.shown[index];
     const [time, keyword, summary, failed] = this.rows!.row(event);
-    const row = document.createElement("div");
+    row.hidden = false;
     row.className = failed ? "row failed" : "row";
     row.dataset.row = String(index);
-    row.setAttribute("role", "option");
+    row.dataset.event = String(event);
+    row.removeAttribute("title");
     row.style.top = `${index * rowHeight}px`;
-    const cells = [failed ? `\u26a0 ${event}` : String(event), dateTimeText(time), keyword, summary];
-    for (const text of cells) {
-      const cell = document.createElement("span");
-      cell.textContent = text;
-      row.append(cell);
-    }
-    // The whole description and the messages, made when the pointer first rests on the row.
-    row.addEventListener("pointerenter", () => {
-      if (!row.title && this.rows) row.title = this.rows.toolTip(event);
-    }, { once: true });
-    return row;
+    const texts = [failed ? `\u26a0 ${event}` : String(event), dateTimeText(time), keyword, summary];
+    texts.forEach((text, cell) => { row.children[cell].textContent = text; });
+  }
+
+  // A row's whole description and messages, made when the pointer first rests on it.
+  private giveToolTip(target: EventTarget | null): void {
+    const row = (target as HTMLElement | null)?.closest<HTMLElement>("[data-event]");
+    if (row && !row.title && this.rows) row.title = this.rows.toolTip(Number(row.dataset.event));
   }
 
   private choose(index: number): void {

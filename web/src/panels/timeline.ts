@@ -62,7 +62,11 @@ export class Timeline {
     this.canvas.addEventListener("pointermove", (event) => this.pointerMove(event));
     this.canvas.addEventListener("pointerup", () => this.pointerUp());
     this.canvas.addEventListener("pointercancel", () => this.pointerUp());
-    this.canvas.addEventListener("pointerleave", () => { this.hover.hidden = true; });
+    this.canvas.addEventListener("pointerleave", () => {
+      this.hover.hidden = true;
+      this.left = undefined;
+    });
+    this.canvas.addEventListener("pointerenter", () => { this.left = undefined; });
     this.canvas.addEventListener("wheel", (event) => this.wheel(event), { passive: false });
   }
 
@@ -248,11 +252,17 @@ export class Timeline {
     });
   }
 
+  // The pointer's place on the bar. The bar's own place is measured when the pointer comes to
+  // it, not at every move: a move during a drag would make the browser lay out the page at once.
+  private left?: number;
+
   private local(event: PointerEvent | WheelEvent): number {
-    return event.clientX - this.canvas.getBoundingClientRect().left;
+    this.left ??= this.canvas.getBoundingClientRect().left;
+    return event.clientX - this.left;
   }
 
   private pointerDown(event: PointerEvent): void {
+    this.left = undefined;
     const x = this.local(event);
     this.canvas.setPointerCapture(event.pointerId);
     if (event.button === 1) {
@@ -273,11 +283,18 @@ export class Timeline {
       const first = this.pan.first - Math.round((x - this.pan.x) * perPixel);
       this.setRange(first, first + (this.last - this.first));
     }
+    // Resting the pointer tells of the action under it; a drag goes there instead.
+    if (this.dragging || this.pan) {
+      this.hover.hidden = true;
+      return;
+    }
     const text = this.hoverText(x);
     this.hover.hidden = !text;
     this.hover.textContent = text;
-    const box = this.canvas.parentElement!.clientWidth;
-    this.hover.style.left = `${Math.max(0, Math.min(x + 12, box - this.hover.offsetWidth))}px`;
+    // Beside the pointer, on the side with room, without measuring the text.
+    const left = x < this.size.width / 2;
+    this.hover.style.left = left ? `${x + 12}px` : "auto";
+    this.hover.style.right = left ? "auto" : `${this.size.width - x + 12}px`;
   }
 
   private pointerUp(): void {
