@@ -27,7 +27,8 @@ struct MoveResult {
 };
 
 // What a jump from `from` that reached `reached` tells: the reports of the actions the user had
-// not passed yet, those after `from` up to `reached` going forward, the target's own going back.
+// not passed yet, those after `from` up to `reached` going forward, the target's own going back;
+// nothing when it stays.
 std::vector<EventReport> NewsOfJump(const MoveResult& jump, int from, int reached);
 
 // What opening a replay came to: the load, and applying its first action.

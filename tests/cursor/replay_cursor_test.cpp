@@ -61,9 +61,11 @@ TEST(ReplayCursorTest, EachMoveAppliesItsActionsAndTellsInTheStepButtonsOrder) {
         {7, &ReplayCursor::back, Range(1, 6), 6, "R5 P6 "},   {2, &ReplayCursor::back, {1}, 1, "P1 "},
         {4, &ReplayCursor::forward, {5}, 5, "P5 R5 "},        {7, &ReplayCursor::forward, {7}, 7, "P7 "},
         {3, &ReplayCursor::last, Range(1, 7), 7, "R5 P7 "},   {6, &ReplayCursor::first, {1}, 1, "P1 "},
+        {1, &ReplayCursor::back, {}, 0, "P0 "},  // called as a plain procedure at the first action
     };
     for (const Case& c : cases) {
         ReplayCursor cursor = Opened(kCapture);
+        cursor.setMap(ViewMode::All, {2, 2});
         cursor.jumpTo(c.from);
         Told told;
         const MoveResult result = (cursor.*c.move)(&told);
@@ -80,6 +82,13 @@ TEST(ReplayCursorTest, EachMoveAppliesItsActionsAndTellsInTheStepButtonsOrder) {
     EXPECT_TRUE(jump.reports.front().text.starts_with("Chyba pri provadeni tahu - "));
     cursor.jumpTo(-3);
     EXPECT_EQ(cursor.position(), 1);
+    // A replay of one action has one place to jump to; before any replay a step back stays.
+    ReplayCursor one = Opened(BlankWorld(2, 1));
+    one.jumpTo(5);
+    EXPECT_EQ(one.position(), 1);
+    ReplayCursor none;
+    none.back();
+    EXPECT_EQ(none.position(), 0);
 }
 
 // A jump tells what the user had not passed yet: forward, the reports after where it started up to
@@ -96,6 +105,7 @@ TEST(ReplayCursorTest, AJumpTellsOnlyTheReportsOfTheActionsNotPassedYet) {
     EXPECT_EQ(events(1, 5), (std::vector<int>{2, 5, 5}));  // stopped at 5 on the way to 7
     EXPECT_EQ(events(7, 5), (std::vector<int>{5, 5}));     // back: the target's own
     EXPECT_EQ(events(7, 6), std::vector<int>{});
+    EXPECT_EQ(events(5, 5), std::vector<int>{});  // staying tells nothing new
 }
 
 TEST(ReplayCursorTest, OpeningAppliesTheFirstActionAndAFailedLoadKeepsWhatItRead) {
@@ -113,10 +123,16 @@ TEST(ReplayCursorTest, OpeningAppliesTheFirstActionAndAFailedLoadKeepsWhatItRead
     EXPECT_TRUE(opened.load.failure.starts_with(kLoadFailure));
     EXPECT_EQ(std::tuple(cursor.eventCount(), cursor.world().lastEventIndex(), cursor.history().log.size()),
               std::tuple(7, 1, 1));
-    // The actions the list lacks report that they are missing, one each.
+    // The actions the list lacks report that they are missing, one each; a jump keeps to what was read.
     const MoveResult end = cursor.last();
     EXPECT_EQ(end.reports.size(), 6u);
     EXPECT_EQ(end.reports.back().text, "Chyba pri provadeni tahu - Index mimo rozsah: udalost 7 neexistuje");
+    cursor.jumpTo(5);
+    EXPECT_EQ(std::pair(cursor.position(), cursor.actionsRead()), std::pair(1, 1));
+    ReplayText empty("");
+    cursor.open(empty);
+    cursor.jumpTo(5);
+    EXPECT_EQ(std::pair(cursor.position(), cursor.actionsRead()), std::pair(1, 0));
 }
 
 TEST(ReplayCursorTest, AStoppedRebuildEndsAtTheActionItReached) {
@@ -132,21 +148,19 @@ TEST(ReplayCursorTest, AStoppedRebuildEndsAtTheActionItReached) {
 
 // The step buttons' four tests, each on its own.
 TEST(ReplayCursorTest, TheStepButtonsFollowThePositionTestByTest) {
-    const std::tuple<int, int, const char*> cases[] = {
+    // One after another, as moves follow each other: each state from the one before.
+    const std::tuple<int, int, const char*> moves[] = {
         // position, count: forward, backward, at the first, at the last
-        {1, 10, "1010"}, {5, 10, "1100"}, {10, 10, "0101"}, {1, 1, "0011"}, {0, 0, "0011"}};
-    for (const auto& [position, count, expected] : cases) {
-        StepButtons buttons;
+        {1, 10, "1010"}, {5, 10, "1100"}, {10, 10, "0101"}, {2, 10, "1100"}, {1, 10, "1010"},
+        {10, 10, "0101"}, {1, 1, "0011"}, {5, 10, "1100"}, {0, 0, "0011"},
+        {5, 10, "1100"}, {5, 0, "1100"}};  // a count that fell below the position leaves the forward group
+    StepButtons buttons;
+    for (const auto& [position, count, expected] : moves) {
         buttons.follow(position, count);
         const std::string flags{char('0' + buttons.forwardEnabled), char('0' + buttons.backwardEnabled),
                                 char('0' + buttons.atBegin), char('0' + buttons.atEnd)};
         EXPECT_EQ(flags, expected) << position << " of " << count;
     }
-    // After a failed load the count may fall below the position: the forward group stays.
-    StepButtons buttons;
-    buttons.follow(5, 10);
-    buttons.follow(5, 0);
-    EXPECT_TRUE(buttons.forwardEnabled && buttons.backwardEnabled && !buttons.atEnd);
 }
 
 // An export's picture is what the window shows when the step buttons reach its action: the
@@ -165,53 +179,79 @@ TEST(ReplayCursorTest, AWalkReachesWhatTheStepsReachWithTheirRedraws) {
         "2004-06-19-09-50-00;attack;D0;C0;1;1;1\r\n"
         "2004-06-19-10-10-00;convert_gnd;B0;\r\n"
         "2004-06-19-10-20-00;attack;C0;B0;1;1;1\r\n";
-    for (const ViewMode mode : {ViewMode::AsLouka, ViewMode::AsLes, ViewMode::All}) {
-        SCOPED_TRACE(static_cast<int>(mode));
-        ReplayCursor stepped = Opened(bareFields);
-        stepped.setMap(mode, {5, 5});
-        stepped.first();
-        for (int action = 1; action <= stepped.eventCount(); ++action) {
-            if (action > 1) stepped.forward();
-            ReplayCursor walked(Opened(bareFields).world());
-            walked.setMap(mode, {5, 5});
-            ASSERT_TRUE(walked.walkTo(action));
-            EXPECT_EQ(walked.frame(), stepped.frame()) << action;
-            EXPECT_EQ(WorldLines(walked.world()), WorldLines(stepped.world())) << action;
+    // The same with no letter at all, the first field among the bare ones.
+    std::string noLetters = bareFields;
+    noLetters.replace(noLetters.find("create_world;N"), 14, "create_world;");
+    for (const std::string& replay : {bareFields, noLetters})
+        for (const ViewMode mode : {ViewMode::AsLouka, ViewMode::AsLes, ViewMode::All}) {
+            SCOPED_TRACE(static_cast<int>(mode));
+            ReplayCursor stepped = Opened(replay);
+            stepped.setMap(mode, {5, 5});
+            stepped.first();
+            for (int action = 1; action <= stepped.eventCount(); ++action) {
+                if (action > 1) stepped.forward();
+                ReplayCursor walked(Opened(replay).world());
+                walked.setMap(mode, {5, 5});
+                ASSERT_TRUE(walked.walkTo(action));
+                EXPECT_EQ(walked.frame(), stepped.frame()) << action;
+                EXPECT_EQ(WorldLines(walked.world()), WorldLines(stepped.world())) << action;
+            }
         }
-    }
     // Without the redraws' grass the incomes differ: the case above is one where they count.
     ReplayCursor unseen = Opened(bareFields), seen(unseen.world());
     seen.setMap(ViewMode::All, {5, 5});
     seen.walkTo(4);
     unseen.jumpTo(4);
     EXPECT_NE(unseen.world().players[1].nectarPerHour, seen.world().players[1].nectarPerHour);
-    // A walk that its progress stops goes no further.
+    // A walk that its progress stops goes no further; the progress hears of the whole it is a part of.
     struct StopAt : TaskProgress {
-        bool keepGoing(std::uint64_t done, std::uint64_t) override { return done < 3; }
+        bool keepGoing(std::uint64_t done, std::uint64_t total) override {
+            totals.push_back(total);
+            return done < 3;
+        }
+        std::vector<std::uint64_t> totals;
     } stop;
     EXPECT_FALSE(seen.walkTo(8, &stop));
     EXPECT_EQ(seen.position(), 3);
+    EXPECT_TRUE(seen.walkTo(2, &stop, 20));
+    EXPECT_EQ(stop.totals, (std::vector<std::uint64_t>{8, 8, 8, 20}));
+    // Another way of viewing redraws the map at once.
+    const MapFrame whole = seen.frame();
+    seen.setViewMode(ViewMode::AsLouka);
+    EXPECT_NE(seen.frame().pictures, whole.pictures);
 }
 
 // The marks of a headquarters taken stand on the field attacked, also when the cursor reaches the
 // attack from its keyframe without applying it.
-TEST(ReplayCursorTest, AHeadquartersTakenIsMarkedWhenAKeyframeStandsOnIt) {
-    std::string replay = "0;Klic;9;2;1;3\r\n2004-06-19-08-00-00;create_world;NN\r\n"
-                         "2004-06-19-08-00-00;create_hq;Karel;les;A0\r\n2004-06-19-08-00-00;create_hq;Jana;louka;B0\r\n"
-                         "2004-06-19-08-00-00;start\r\n";
-    for (int event = 5; event < Keyframes::kSpacing; ++event) replay += "2004-06-19-08-00-00;fly\r\n";
-    replay += "2004-06-19-08-00-00;attack;A0;B0;1;1;1\r\n2004-06-19-08-00-00;fly\r\n";
-    ReplayCursor cursor = Opened(replay);
-    cursor.setMap(ViewMode::All, {2, 2});
-    ASSERT_EQ(cursor.history().keyframes.size(), 1);
-    for (const int from : {Keyframes::kSpacing - 1, Keyframes::kSpacing + 1}) {
-        cursor.jumpTo(from);
-        const MoveResult result = from < Keyframes::kSpacing ? cursor.forward() : cursor.jumpTo(Keyframes::kSpacing);
-        EXPECT_EQ(result.keyframe == Keyframes::kSpacing, from > Keyframes::kSpacing);
-        EXPECT_EQ(cursor.frame().marks.capturedHeadquarters, 2) << from;
+TEST(ReplayCursorTest, TheActionAKeyframeStandsOnIsMarkedAndTellsAgainAsApplied) {
+    // A world of two fields, a start, then `action` as the keyframe's own action.
+    const auto keyframedAt = [](const std::string& action) {
+        std::string replay = "0;Klic;9;2;1;3\r\n2004-06-19-08-00-00;create_world;NN\r\n"
+                             "2004-06-19-08-00-00;create_hq;Karel;les;A0\r\n2004-06-19-08-00-00;create_hq;Jana;louka;B0\r\n"
+                             "2004-06-19-08-00-00;start\r\n";
+        for (int event = 5; event < Keyframes::kSpacing; ++event) replay += "2004-06-19-08-00-00;fly\r\n";
+        return replay + "2004-06-19-08-00-00;" + action + "\r\n2004-06-19-08-00-00;fly\r\n";
+    };
+    constexpr int k = Keyframes::kSpacing;
+    // The headquarters taken, reached by a step onto it and from the keyframe; an attack that takes
+    // none marks none; an action that failed tells so again.
+    const std::tuple<const char*, int, std::size_t> cases[] = {
+        {"attack;A0;B0;1;1;1", 2, 0}, {"attack;A0;B0;1;0;1", 0, 0}, {"move;A0;Z9;1", 0, 1}};
+    for (const auto& [action, captured, reports] : cases) {
+        ReplayCursor cursor = Opened(keyframedAt(action));
+        cursor.setMap(ViewMode::All, {2, 2});
+        ASSERT_EQ(cursor.history().keyframes.size(), 1);
+        for (const int from : {k - 1, k + 1}) {
+            cursor.jumpTo(from);
+            const MoveResult result = from < k ? cursor.forward() : cursor.jumpTo(k);
+            EXPECT_EQ(result.keyframe == k, from > k);
+            EXPECT_EQ(std::pair(cursor.frame().marks.capturedHeadquarters, result.reports.size()),
+                      std::pair(captured, reports))
+                << action << " from " << from;
+        }
+        cursor.back();
+        EXPECT_EQ(cursor.frame().marks.capturedHeadquarters, 0);
     }
-    cursor.back();
-    EXPECT_EQ(cursor.frame().marks.capturedHeadquarters, 0);
 }
 
 // A rebuild that its progress stops ends at the action it reached, also while it tells again what

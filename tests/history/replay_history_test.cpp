@@ -32,6 +32,8 @@ TEST(ActionLogTest, RecordsWhatEachEventDid) {
                          "attack:Utok z A0 (Karel) na B0 (Jana) s 1 jednotkami.|end:konec sveta - vitezem se stal typ les|");
     EXPECT_EQ(flags, "0H 0 0 0 1 0H 0C 0 ");
     EXPECT_EQ(log.event(5).subjects, "A0 Z9 ");
+    EXPECT_TRUE(log.event(7).description.ends_with("\r\nDobyto veleni hrace Jana\r\nAkce stala 5 tah(u)."))
+        << log.event(7).description;
     const std::pair<EventKind, std::string> kinds[] = {
         {EventKind::All, "12345678"},     {EventKind::Attacks, "7"}, {EventKind::HeadquartersCaptures, "7"},
         {EventKind::Economy, ""},         {EventKind::Moves, "5"},   {EventKind::Lifecycle, "123468"},
