@@ -4,6 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
+# The web page the package carries.
+scripts/build-web.sh
 cmake -S . -B build-deb -DCMAKE_BUILD_TYPE=Release -DTRELVIN_BUILD_TESTS=OFF > /dev/null
 cmake --build build-deb -j"$(nproc)"
 mkdir -p dist

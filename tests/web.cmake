@@ -19,6 +19,18 @@ add_test(NAME web_dump_matches_native
                  ${web_build}/trelvin-dump.js $<TARGET_FILE:web_dump_generator> ${web_dump_replays})
 set_tests_properties(web_dump_matches_native PROPERTIES TIMEOUT 600)
 
+# The page in chromium, held to the native export's pictures (where the window's build made it)
+# and opening the largest replay the generator writes.
 file(GLOB web_page_tests ${PROJECT_SOURCE_DIR}/web/tests/*.test.mjs)
-add_test(NAME web_page COMMAND node --test ${web_page_tests})
-set_tests_properties(web_page PROPERTIES TIMEOUT 300)
+set(web_page_environment TRELVIN_GENERATOR=$<TARGET_FILE:web_dump_generator>)
+if(TARGET trelvin-export)
+  list(APPEND web_page_environment TRELVIN_NATIVE_EXPORT=$<TARGET_FILE:trelvin-export>)
+endif()
+add_test(NAME web_page COMMAND node --test --test-concurrency=1 ${web_page_tests})
+set_tests_properties(web_page PROPERTIES TIMEOUT 600 ENVIRONMENT "${web_page_environment}")
+
+if(TARGET trelvin-export)
+  add_test(NAME web_page_export COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/web/page_export.sh ${PROJECT_BINARY_DIR}
+           $<TARGET_FILE:trelvin-export> ${PROJECT_SOURCE_DIR}/samples/bitva-u-potoka.trp)
+  set_tests_properties(web_page_export PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
+endif()

@@ -2,6 +2,9 @@
 // with the viewer's own painter and redraw, without a display. Prints nothing on success.
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -11,6 +14,7 @@
 #include "bridge/core_text.h"
 #include "export/export_command_line.h"
 #include "export/map_export.h"
+#include "export/web_page.h"
 #include "model/replay_loader.h"
 #include "render/designed_fonts.h"
 
@@ -30,10 +34,24 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& messa
     if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "trelvin-export: %s\n", message.toUtf8().constData());
 }
 
+// The viewer's web page with the replay's bytes inside: it needs neither Qt nor a display.
+int exportPage(const ExportArguments& arguments, const WorldState& world) {
+    if (arguments.first == 0 || arguments.first > world.eventCount)
+        return failure(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(arguments.first).arg(world.eventCount));
+    std::ifstream in(arguments.replay, std::ios::binary);
+    const std::string replay{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!in.good() && !in.eof()) return failure(QStringLiteral("soubor %1 nelze precist").arg(QString::fromStdString(arguments.replay)));
+    const std::string name = std::filesystem::path(arguments.replay).filename().string();
+    const std::string written = WriteReplayPage(arguments.output, replay, name,
+                                                WebPageMoment(arguments.first, arguments.picture.view));
+    return written.empty() ? 0 : failure(QString::fromStdString(written));
+}
+
 int exportReplay(const ExportArguments& arguments) {
     WorldState world;
     const LoadOutcome loaded = LoadReplay(world, arguments.replay);
     if (!loaded.succeeded()) return failure(FromCore(loaded.failure));
+    if (arguments.html) return exportPage(arguments, world);
     const ExportJob job{QFile::decodeName(QByteArray::fromStdString(arguments.output)), arguments.first,
                         arguments.last.value_or(arguments.first), arguments.delayMilliseconds,
                         arguments.picture, QGuiApplication::palette()};

@@ -54,7 +54,9 @@ const bundle = await esbuild.build({
   logLevel: "warning",
 });
 const script = bundle.outputFiles[0].text;
-const style = await readFile(path.join(web, "src", "style.css"), "utf8");
+// uPlot's own rules first, so that the page's may refine them.
+const style = (await readFile(path.join(web, "node_modules", "uplot", "dist", "uPlot.min.css"), "utf8")) + "\n" +
+  (await readFile(path.join(web, "src", "style.css"), "utf8"));
 // Either would end its element early and let the rest be read as markup.
 if (/<\/script/i.test(script) || /<\/style/i.test(style)) throw new Error("an inline part closes its own element");
 

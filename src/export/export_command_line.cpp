@@ -13,7 +13,8 @@ namespace {
 
 constexpr const char* kUsage =
     "usage: trelvin-export FILE --at N [--to M] [--view all|les|louka] [--field PX]\n"
-    "                      [--labels] [--caption] [--highlight] [--delay MS] -o OUT\n";
+    "                      [--labels] [--caption] [--highlight] [--delay MS] -o OUT\n"
+    "       trelvin-export FILE --html [--at N] [--view all|les|louka] -o OUT\n";
 
 constexpr const char* kHelp =
     "Exports the map of a Trelvin replay as the viewer shows it: the picture of action N as a\n"
@@ -28,6 +29,9 @@ constexpr const char* kHelp =
     "  --highlight          the action's fields outlined, an arrow from field to field and a\n"
     "                       cross on a captured headquarters, as far as the view can see them\n"
     "  --delay MS           milliseconds a frame, 20 to 60000 (200)\n"
+    "  --html               the viewer's web page with the replay inside, one file that opens\n"
+    "                       offline in any browser at action N (as opened without --at) in\n"
+    "                       the way of viewing; the page installed with the viewer\n"
     "  -o, --output OUT     the file to write\n"
     "  -h, --help           print this help\n"
     "  -v, --version        print the version\n\n"
@@ -68,14 +72,16 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
     }
     ExportArguments result;
     int at = 0, to = 0;
-    bool hasAt = false, hasTo = false;
+    bool hasAt = false, hasTo = false, hasPictureOption = false;
     // The options that take a value: each reads it into the result, or names what is wrong.
     const std::map<std::string, std::function<std::string(const std::string&, const std::string&)>> valued{
         {"--at", [&](const std::string& o, const std::string& v) { hasAt = true; return readNumber(o, v, 0, kLargestAction, at); }},
         {"--to", [&](const std::string& o, const std::string& v) { hasTo = true; return readNumber(o, v, 0, kLargestAction, to); }},
         {"--field", [&](const std::string& o, const std::string& v) {
+             hasPictureOption = true;
              return readNumber(o, v, kSmallestExportField, kLargestExportField, result.picture.fieldPixels); }},
         {"--delay", [&](const std::string& o, const std::string& v) {
+             hasPictureOption = true;
              return readNumber(o, v, kShortestDelay, kLongestDelay, result.delayMilliseconds); }},
         {"--view", [&](const std::string&, const std::string& v) {
              const std::optional<ViewMode> mode = ViewModeNamed(v);
@@ -106,6 +112,11 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
         }
         if (const auto flag = flags.find(argument); flag != flags.end() && !value) {
             result.picture.*(flag->second) = true;
+            hasPictureOption = true;
+            continue;
+        }
+        if (argument == "--html" && !value) {
+            result.html = true;
             continue;
         }
         const auto option = valued.find(argument);
@@ -117,6 +128,12 @@ ReadArguments ReadExportArguments(const std::vector<std::string>& arguments) {
         if (const std::string problem = option->second(argument, *value); !problem.empty()) return wrong(problem);
     }
     if (result.replay.empty()) return wrong("no replay given");
+    if (result.html) {
+        if (hasTo || hasPictureOption) return wrong("--html takes only --at and --view");
+        if (result.output.empty()) return wrong("-o OUT is missing");
+        result.first = hasAt ? at : -1;
+        return {result, 0, {}, {}};
+    }
     if (!hasAt) return wrong("--at N is missing");
     if (result.output.empty()) return wrong("-o OUT is missing");
     const std::optional<ExportFormat> format = FormatOfPath(QString::fromStdString(result.output));

@@ -3,6 +3,7 @@
 // argument are answered without a display or Qt's platform plugins:
 //   trelvin-export FILE --at N [--to M] [--view all|les|louka] [--field PX] [--labels]
 //                  [--caption] [--highlight] [--delay MS] -o OUT
+//   trelvin-export FILE --html [--at N] [--view all|les|louka] -o OUT
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +17,7 @@ struct ExportArguments {
     std::string output;
     int first = 0;
     std::optional<int> last;  // an animation's last action
+    bool html = false;        // the viewer's web page with the replay inside, opening at `first` (-1: as opened)
     int delayMilliseconds = kDefaultDelay;
     PictureOptions picture;
 };

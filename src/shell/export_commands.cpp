@@ -1,9 +1,17 @@
 #include "shell/export_commands.h"
 
+#include <fstream>
+#include <iterator>
+
 #include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFile>
 #include <QFileInfo>
 #include <QKeySequence>
 
+#include "export/web_page.h"
+#include "panels/export_dialog.h"
 #include "panels/map_panel.h"
 #include "shell/message_service.h"
 
@@ -14,6 +22,7 @@ ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, Mess
     : QObject(window),
       pictureAction(new QAction(QStringLiteral("&Exportovat obrazek..."), this)),
       animationAction(new QAction(QStringLiteral("Exportovat &animaci..."), this)),
+      pageAction(new QAction(QStringLiteral("Exportovat jako &webovou stranku..."), this)),
       session_(session),
       map_(map),
       messages_(messages),
@@ -25,6 +34,7 @@ ExportCommands::ExportCommands(ReplaySession& session, const MapPanel& map, Mess
     animationAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
     connect(pictureAction, &QAction::triggered, this, [this] { ask(false); });
     connect(animationAction, &QAction::triggered, this, [this] { ask(true); });
+    connect(pageAction, &QAction::triggered, this, &ExportCommands::askForPage);
     connect(&session, &ReplaySession::opened, this, &ExportCommands::followSession);
     connect(&session, &ReplaySession::positionChanged, this, &ExportCommands::followSession);
     followSession();
@@ -34,6 +44,7 @@ void ExportCommands::followSession() {
     const bool open = session_.position() >= 1 && session_.actionsRead() >= 1;
     pictureAction->setEnabled(open);
     animationAction->setEnabled(open);
+    pageAction->setEnabled(open);
 }
 
 void ExportCommands::ask(bool animation) {
@@ -61,6 +72,35 @@ ExportOutcome ExportCommands::run(ExportJob job) {
         case ExportOutcome::Status::Failed: messages_.showMessage(QStringLiteral("Chyba pri exportu - ") + outcome.failure); break;
     }
     return outcome;
+}
+
+void ExportCommands::askForPage() {
+    if (session_.isPlaying()) session_.stop();
+    // Beside the replay where that folder takes files, in the home folder otherwise.
+    const QFileInfo replay(session_.fileName());
+    const QString folder = QFileInfo(replay.absolutePath()).isWritable() ? replay.absolutePath() : QDir::homePath();
+    QFileDialog dialog(window_, QStringLiteral("Exportovat jako webovou stranku"),
+                       QDir(folder).filePath(replay.completeBaseName() + QStringLiteral(".html")),
+                       QStringLiteral("Webova stranka (*.html)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("html"));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+    const QString path = dialog.selectedFiles().front();
+    const QString failure = writePage(path);
+    if (failure.isEmpty())
+        emit written(path);
+    else
+        messages_.showMessage(QStringLiteral("Chyba pri exportu - ") + failure);
+}
+
+QString ExportCommands::writePage(const QString& path) {
+    std::ifstream in(QFile::encodeName(session_.fileName()).toStdString(), std::ios::binary);
+    const std::string replay{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!in.good() && !in.eof()) return QStringLiteral("soubor %1 nelze precist").arg(session_.fileName());
+    const std::string moment = WebPageMoment(session_.position(), session_.viewMode(), map_.fieldPixels(),
+                                             map_.highlightAction->isChecked() ? 1 : 0);
+    return QString::fromStdString(WriteReplayPage(QFile::encodeName(path).toStdString(), replay,
+                                                  QFileInfo(session_.fileName()).fileName().toStdString(), moment));
 }
 
 }  // namespace trelvin

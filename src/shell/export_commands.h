@@ -1,7 +1,8 @@
 #pragma once
 // Soubor -> Exportovat obrazek... and Exportovat animaci...: the dialog of the options, then the
 // export with a progress dialog once it takes more than half a second; a failure or a cancel
-// ends with one message, and a written file is announced.
+// ends with one message, and a written file is announced. Soubor -> Exportovat jako webovou
+// stranku...: the viewer's web page with the replay inside, opening where the window stands.
 #include <QObject>
 #include <QString>
 
@@ -27,15 +28,19 @@ public:
 
     QAction* const pictureAction;
     QAction* const animationAction;
+    QAction* const pageAction;
 
     // Runs an export as the dialog asked for it, in the map's colours.
     ExportOutcome run(ExportJob job);
+    // Writes the web page to `path`; the failure's text, empty when it is written.
+    QString writePage(const QString& path);
 
 signals:
     void written(const QString& path);
 
 private:
     void ask(bool animation);
+    void askForPage();
     void followSession();
 
     ReplaySession& session_;

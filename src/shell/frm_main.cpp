@@ -73,7 +73,7 @@ frmMain::frmMain(trelvin::WindowServices services, QWidget* parent)
 
     exports = new trelvin::ExportCommands(*session_, *grid, services_.messages, slowTasks, this);
     exports->setObjectName(QStringLiteral("exports"));
-    mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction});
+    mnuSoubor->insertActions(mnuKonecItem, {exports->pictureAction, exports->animationAction, exports->pageAction});
     mnuSoubor->insertSeparator(mnuKonecItem);
     connect(exports, &trelvin::ExportCommands::written, this, &frmMain::showWritten);
 

@@ -1,0 +1,6 @@
+// The page's elements by id, there or the page is broken.
+export function element<T extends HTMLElement = HTMLElement>(id: string): T {
+  const found = document.getElementById(id);
+  if (!found) throw new Error(`#${id} is missing from the page`);
+  return found as T;
+}
