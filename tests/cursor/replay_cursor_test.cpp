@@ -203,6 +203,21 @@ TEST(ReplayCursorTest, AWalkReachesWhatTheStepsReachWithTheirRedraws) {
     seen.walkTo(4);
     unseen.jumpTo(4);
     EXPECT_NE(unseen.world().players[1].nectarPerHour, seen.world().players[1].nectarPerHour);
+    // A field past a short creation keeps what it held: owned and bare before the walk, it is
+    // filled by the first redraw, and the attack's income reads that letter.
+    const std::string shortCreation = "0;Kratky;2;3;1;3\r\n2004-06-19-08-00-00;create_world;N\r\n"
+                                      "2004-06-19-08-10-00;create_hq;Karel;les;A0\r\n2004-06-19-08-20-00;start\r\n"
+                                      "2004-06-19-08-30-00;attack;A0;C0;1;1;1\r\n";
+    WorldState before = Opened(shortCreation).world();
+    before.tiles[3].owner = "Nekdo";
+    ReplayCursor walked(before), steppedOver(before);
+    for (ReplayCursor* cursor : {&walked, &steppedOver}) cursor->setMap(ViewMode::All, {3, 3});
+    walked.walkTo(4);
+    steppedOver.first();
+    while (steppedOver.position() < 4) steppedOver.forward();
+    EXPECT_EQ(WorldLines(walked.world()), WorldLines(steppedOver.world()));
+    EXPECT_EQ(walked.world().players[1].nectarPerHour, 24);
+
     // A walk that its progress stops goes no further; the progress hears of the whole it is a part of.
     struct StopAt : TaskProgress {
         bool keepGoing(std::uint64_t done, std::uint64_t total) override {

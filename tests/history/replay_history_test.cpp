@@ -44,9 +44,11 @@ TEST(ActionLogTest, RecordsWhatEachEventDid) {
             if (log.isOfKind(i, kind)) found += std::to_string(i);
         EXPECT_EQ(found, events) << int(kind);
     }
+    // Never the event the search starts from.
     EXPECT_EQ(std::tuple(log.nearest(1, EventKind::Failures, true), log.nearest(8, EventKind::Attacks, false),
-                         log.nearest(7, EventKind::HeadquartersCaptures, true), log.nearest(99, EventKind::Moves, false)),
-              std::tuple(5, 7, 0, 5));
+                         log.nearest(7, EventKind::HeadquartersCaptures, true), log.nearest(99, EventKind::Moves, false),
+                         log.nearest(7, EventKind::Attacks, false)),
+              std::tuple(5, 7, 0, 5, 0));
 }
 
 // Who each event was by and whose field it reached, as the world stood before it.
