@@ -6,6 +6,7 @@
 
 #include <QGraphicsLineItem>
 #include <QLegend>
+#include <QFontMetricsF>
 #include <QLegendMarker>
 #include <QLineSeries>
 #include <QMouseEvent>
@@ -28,6 +29,7 @@ constexpr qreal kLineWidth = 1.5;
 constexpr qreal kEndMarkSize = 10;
 constexpr qreal kHiddenAlpha = 0.3;
 constexpr int kLabelledTicks = 8;
+constexpr int kMargin = 2;
 
 // Round action numbers, about eight of them over the replay.
 double tickInterval(int eventCount) {
@@ -43,13 +45,45 @@ QColor withAlpha(QColor color, qreal alpha) {
     return color;
 }
 
+// How wide the value axis's widest label is drawn, its ticks as round numbers give them.
+qreal labelsWidth(const QValueAxis& axis) {
+    const QFontMetricsF metrics(axis.labelsFont());
+    const int ticks = std::max(axis.tickCount(), 2);
+    qreal widest = 0;
+    for (int i = 0; i < ticks; ++i) {
+        const double value = axis.min() + i * (axis.max() - axis.min()) / (ticks - 1);
+        widest = std::max(widest, metrics.boundingRect(QString::number(std::llround(value))).width());
+    }
+    return widest;
+}
+
+// The widest value label any quantity's axis needs for the whole replay.
+qreal widestLabels(const PlayerSeries& series, const QFont& font) {
+    qreal widest = 0;
+    for (const Quantity quantity : kQuantities) {
+        qint64 low = 0, high = 1;
+        for (int place = 1; place <= series.placeCount(); ++place)
+            for (const PlayerSeries::Change& change : series.changesOf(place)) {
+                if (change.who < 0 || !change.standing.playing) continue;
+                low = std::min<qint64>(low, change.standing.value(quantity));
+                high = std::max<qint64>(high, change.standing.value(quantity));
+            }
+        QValueAxis axis;
+        axis.setLabelsFont(font);
+        axis.setRange(double(low), double(high));
+        axis.applyNiceNumbers();
+        widest = std::max(widest, labelsWidth(axis));
+    }
+    return widest;
+}
+
 }  // namespace
 
 // Given its chart from the start: a chart set later would leave the view's first one behind.
 CourseChart::CourseChart(QWidget* parent)
     : QChartView(new QChart, parent), axisX_(new QValueAxis), axisY_(new QValueAxis), hover_(new HoverNote(this)) {
     QChart* chart = this->chart();
-    chart->setMargins(QMargins(2, 2, 2, 2));
+    chart->setMargins(QMargins(kMargin, kMargin, kMargin, kMargin));
     chart->setBackgroundRoundness(0);
     chart->legend()->setAlignment(Qt::AlignTop);
     chart->addAxis(axisX_, Qt::AlignBottom);
@@ -82,6 +116,7 @@ void CourseChart::showReplay(const ReplayHistory& history, int eventCount) {
     eventCount_ = std::min({eventCount, history.log.size(), history.series.eventCount()});
     hidden_.assign(std::size_t(history.series.placeCount()), false);
     chart()->setTitle(history.series.complete() ? QString() : FromUtf8(ChartsMissingText()));
+    widestLabels_ = history.series.complete() ? widestLabels(history.series, axisY_->labelsFont()) : 0;
     rebuild();
 }
 
@@ -208,6 +243,9 @@ void CourseChart::fitValues() {
     }
     axisY_->setRange(double(low), double(high));
     axisY_->applyNiceNumbers();
+    // The plot keeps its place across the quantities: narrower labels leave their room as margin.
+    const qreal spare = std::max<qreal>(0, widestLabels_ - labelsWidth(*axisY_));
+    chart()->setMargins(QMargins(kMargin + int(std::lround(spare)), kMargin, kMargin, kMargin));
 }
 
 void CourseChart::placeMarker() {

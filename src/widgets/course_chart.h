@@ -83,6 +83,7 @@ private:
     std::vector<std::vector<QAbstractSeries*>> seriesOf_;  // by place - 1
     std::vector<QLegendMarker*> legendOf_;              // by place - 1
     std::vector<Range> ranges_;                         // by place - 1; empty range when uncharted
+    qreal widestLabels_ = 0;                            // of the value axis, over every quantity
     QValueAxis* axisX_;
     QValueAxis* axisY_;
     QGraphicsLineItem* marker_;

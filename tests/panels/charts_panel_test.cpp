@@ -93,6 +93,20 @@ private slots:
         QCOMPARE(s.t.session.position(), last);
     }
 
+    // The plot keeps its place as the quantities change, whatever their values' widths.
+    void thePlotKeepsItsPlaceAcrossTheQuantities() {
+        Shown s;
+        std::vector<qreal> lefts;
+        for (int index = 0; index < s.panel.quantity->count(); ++index) {
+            s.panel.quantity->setCurrentIndex(index);
+            QTRY_VERIFY(s.chart.chart()->plotArea().isValid());
+            QCoreApplication::processEvents();
+            lefts.push_back(s.chart.chart()->plotArea().left());
+        }
+        const auto [lowest, highest] = std::minmax_element(lefts.begin(), lefts.end());
+        QVERIFY2(*highest - *lowest <= 1, qPrintable(QString("from %1 to %2").arg(*lowest).arg(*highest)));
+    }
+
     // The hover text stays while the pointer rests, follows it, and goes when it leaves.
     void restingThePointerTellsTheActionAndEveryShownPlayersValue() {
         Shown s;
