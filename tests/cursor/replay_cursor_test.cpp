@@ -203,20 +203,20 @@ TEST(ReplayCursorTest, AWalkReachesWhatTheStepsReachWithTheirRedraws) {
     seen.walkTo(4);
     unseen.jumpTo(4);
     EXPECT_NE(unseen.world().players[1].nectarPerHour, seen.world().players[1].nectarPerHour);
-    // A field past a short creation keeps what it held: owned and bare before the walk, it is
-    // filled by the first redraw, and the attack's income reads that letter.
-    const std::string shortCreation = "0;Kratky;2;3;1;3\r\n2004-06-19-08-00-00;create_world;N\r\n"
-                                      "2004-06-19-08-10-00;create_hq;Karel;les;A0\r\n2004-06-19-08-20-00;start\r\n"
-                                      "2004-06-19-08-30-00;attack;A0;C0;1;1;1\r\n";
-    WorldState before = Opened(shortCreation).world();
-    before.tiles[3].owner = "Nekdo";
+    // Fields a creation of no letters leaves as they were: owned and bare before the walk, they
+    // are filled by the first redraw, and the attacks' incomes read those letters.
+    const std::string noCreation = "0;Prazdny;2;4;1;3\r\n2004-06-19-08-00-00;create_world;\r\n"
+                                   "2004-06-19-08-10-00;create_hq;Karel;les;B0\r\n2004-06-19-08-20-00;start\r\n"
+                                   "2004-06-19-08-30-00;attack;B0;A0;1;1;1\r\n2004-06-19-08-40-00;attack;B0;D0;1;1;1\r\n";
+    WorldState before = Opened(noCreation).world();
+    before.tiles[1].owner = before.tiles[4].owner = "Nekdo";
     ReplayCursor walked(before), steppedOver(before);
-    for (ReplayCursor* cursor : {&walked, &steppedOver}) cursor->setMap(ViewMode::All, {3, 3});
-    walked.walkTo(4);
+    for (ReplayCursor* cursor : {&walked, &steppedOver}) cursor->setMap(ViewMode::All, {4, 4});
+    walked.walkTo(6);
     steppedOver.first();
-    while (steppedOver.position() < 4) steppedOver.forward();
+    while (steppedOver.position() < 6) steppedOver.forward();
     EXPECT_EQ(WorldLines(walked.world()), WorldLines(steppedOver.world()));
-    EXPECT_EQ(walked.world().players[1].nectarPerHour, 24);
+    EXPECT_EQ(walked.world().players[1].nectarPerHour, 36);
 
     // A walk that its progress stops goes no further; the progress hears of the whole it is a part of.
     struct StopAt : TaskProgress {
