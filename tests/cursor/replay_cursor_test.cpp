@@ -152,7 +152,7 @@ TEST(ReplayCursorTest, TheStepButtonsFollowThePositionTestByTest) {
     const std::tuple<int, int, const char*> moves[] = {
         // position, count: forward, backward, at the first, at the last
         {1, 10, "1010"}, {5, 10, "1100"}, {10, 10, "0101"}, {2, 10, "1100"}, {1, 10, "1010"},
-        {10, 10, "0101"}, {1, 1, "0011"}, {5, 10, "1100"}, {0, 0, "0011"},
+        {2, 10, "1100"}, {10, 10, "0101"}, {1, 1, "0011"}, {5, 10, "1100"}, {0, 0, "0011"},
         {5, 10, "1100"}, {5, 0, "1100"}};  // a count that fell below the position leaves the forward group
     StepButtons buttons;
     for (const auto& [position, count, expected] : moves) {
