@@ -203,20 +203,23 @@ TEST(ReplayCursorTest, AWalkReachesWhatTheStepsReachWithTheirRedraws) {
     seen.walkTo(4);
     unseen.jumpTo(4);
     EXPECT_NE(unseen.world().players[1].nectarPerHour, seen.world().players[1].nectarPerHour);
-    // Fields a creation of no letters leaves as they were: owned and bare before the walk, they
-    // are filled by the first redraw, and the attacks' incomes read those letters.
-    const std::string noCreation = "0;Prazdny;2;4;1;3\r\n2004-06-19-08-00-00;create_world;\r\n"
-                                   "2004-06-19-08-10-00;create_hq;Karel;les;B0\r\n2004-06-19-08-20-00;start\r\n"
-                                   "2004-06-19-08-30-00;attack;B0;A0;1;1;1\r\n2004-06-19-08-40-00;attack;B0;D0;1;1;1\r\n";
-    WorldState before = Opened(noCreation).world();
-    before.tiles[1].owner = before.tiles[4].owner = "Nekdo";
-    ReplayCursor walked(before), steppedOver(before);
-    for (ReplayCursor* cursor : {&walked, &steppedOver}) cursor->setMap(ViewMode::All, {4, 4});
-    walked.walkTo(6);
-    steppedOver.first();
-    while (steppedOver.position() < 6) steppedOver.forward();
-    EXPECT_EQ(WorldLines(walked.world()), WorldLines(steppedOver.world()));
-    EXPECT_EQ(walked.world().players[1].nectarPerHour, 36);
+    // A field a creation of no letters leaves as it was, owned and bare before the walk and the
+    // only such field, first or last: the first redraw fills it, and the attack's income reads it.
+    for (const auto& [field, name] : {std::pair{1, "A0"}, {4, "D0"}}) {
+        const std::string noCreation = std::string("0;Prazdny;2;4;1;3\r\n2004-06-19-08-00-00;create_world;\r\n") +
+                                       "2004-06-19-08-10-00;create_hq;Karel;les;B0\r\n2004-06-19-08-20-00;start\r\n"
+                                       "2004-06-19-08-30-00;attack;B0;" + name + ";1;1;1\r\n";
+        WorldState before = Opened(noCreation).world();
+        before.tiles[std::size_t(field)].owner = "Nekdo";
+        before.tiles[2].terrain = "N";
+        ReplayCursor walked(before), steppedOver(before);
+        for (ReplayCursor* cursor : {&walked, &steppedOver}) cursor->setMap(ViewMode::All, {4, 4});
+        walked.walkTo(5);
+        steppedOver.first();
+        while (steppedOver.position() < 5) steppedOver.forward();
+        EXPECT_EQ(WorldLines(walked.world()), WorldLines(steppedOver.world())) << name;
+        EXPECT_EQ(walked.world().players[1].nectarPerHour, 24) << name;
+    }
 
     // A walk that its progress stops goes no further; the progress hears of the whole it is a part of.
     struct StopAt : TaskProgress {
