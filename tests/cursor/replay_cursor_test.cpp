@@ -221,6 +221,15 @@ TEST(ReplayCursorTest, AWalkReachesWhatTheStepsReachWithTheirRedraws) {
         EXPECT_EQ(walked.world().players[1].nectarPerHour, 24) << name;
     }
 
+    // A grid that holds fewer fields than the map redraws those alone.
+    ReplayCursor shortGrid = Opened(kCapture), shortSteps = Opened(kCapture);
+    for (ReplayCursor* cursor : {&shortGrid, &shortSteps}) cursor->setMap(ViewMode::All, {1, 1});
+    shortGrid.walkTo(7);
+    shortSteps.first();
+    while (shortSteps.position() < 7) shortSteps.forward();
+    EXPECT_EQ(WorldLines(shortGrid.world()), WorldLines(shortSteps.world()));
+    EXPECT_EQ(shortGrid.frame().pictures.size(), 1u);
+
     // A walk that its progress stops goes no further; the progress hears of the whole it is a part of.
     struct StopAt : TaskProgress {
         bool keepGoing(std::uint64_t done, std::uint64_t total) override {
