@@ -8,6 +8,10 @@
 
 namespace trelvin {
 
+// What the program does, in one line, as "O programu" opens.
+inline constexpr const char* kProgramPurpose =
+    "Prohlizec zaznamu her (replayu) hry Trelvin: otevre jeden zaznam a ukaze svet akci po akci.";
+
 inline const std::vector<std::string>& LicenceLines() {
     static const std::vector<std::string> lines{
         "Copyright (C) 2026 vyvojari Trelvin Replay",
@@ -17,7 +21,8 @@ inline const std::vector<std::string>& LicenceLines() {
         "pripousti zakon.",
         "Pouziva Qt (LGPL-3), Qt Charts (GPL-3), giflib (MIT) a libwebp (BSD).",
         "Cte replaye hry Trelvin (*.trp) v kodovani Windows-1250 nebo UTF-8. Zapisuje jen na vyzadani: obrazky "
-        "PNG, animace GIF a WebP a hodnoty hracu jako CSV. Zadna nastaveni neuklada.",
+        "PNG, animace GIF a WebP, hodnoty hracu jako CSV a webove stranky HTML s replayem. Zadna nastaveni "
+        "neuklada.",
     };
     return lines;
 }

@@ -67,10 +67,8 @@ QString KeyText(const QKeySequence& keys) {
 }
 
 QString AboutText() {
-    QString text = QStringLiteral("<h3>Trelvin Replay %1</h3>"
-                                  "<p>Prohlizec zaznamu her (replayu) hry Trelvin: otevre jeden zaznam a ukaze svet "
-                                  "akci po akci.</p>")
-                       .arg(QStringLiteral(TRELVIN_VERSION));
+    QString text = QStringLiteral("<h3>Trelvin Replay %1</h3><p>%2</p>")
+                       .arg(QStringLiteral(TRELVIN_VERSION), QString::fromLatin1(kProgramPurpose));
     for (const std::string& line : LicenceLines()) text += QStringLiteral("<p>") + FromUtf8(line).toHtmlEscaped() + "</p>";
     return text + QStringLiteral("<p>Qt %1</p>").arg(QString::fromLatin1(qVersion()));
 }

@@ -88,6 +88,7 @@ val QuantityCaptions() {
 val LicenceText() {
     val text = val::object();
     text.set("version", std::string(TRELVIN_VERSION));
+    text.set("purpose", std::string(kProgramPurpose));
     text.set("lines", Strings(LicenceLines()));
     return text;
 }

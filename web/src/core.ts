@@ -154,7 +154,7 @@ export interface CoreModule {
   ActionRows: new (replay: Replay) => ActionRows;
   kindCaptions(): string[];
   quantityCaptions(): string[];
-  licenceText(): { version: string; lines: string[] };
+  licenceText(): { version: string; purpose: string; lines: string[] };
 }
 
 export function startCore(): Promise<CoreModule> {

@@ -3,13 +3,13 @@ import type { CoreModule } from "../core";
 import { element } from "../dom";
 
 export function showAbout(core: CoreModule): void {
-  const { version, lines } = core.licenceText();
+  const { version, purpose, lines } = core.licenceText();
   const text = element("about-text");
   text.replaceChildren();
   const title = document.createElement("h3");
   title.textContent = `Trelvin Replay ${version}`;
   text.append(title);
-  for (const line of ["Prohlizec zaznamu her (replayu) hry Trelvin: otevre jeden zaznam a ukaze svet akci po akci.", ...lines]) {
+  for (const line of [purpose, ...lines]) {
     const paragraph = document.createElement("p");
     paragraph.textContent = line;
     text.append(paragraph);
