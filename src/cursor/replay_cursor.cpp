@@ -24,14 +24,7 @@ OpenResult ReplayCursor::open(ReplaySource& source, TaskProgress* progress) {
     return result;
 }
 
-MoveResult ReplayCursor::first(MoveWatcher* watcher) {
-    MoveResult result;
-    position_ = 1;
-    if (watcher) watcher->positionSet(position_);
-    apply(position_, watcher, result);
-    redraw();
-    return result;
-}
+MoveResult ReplayCursor::first(MoveWatcher* watcher) { return applyAt(1, watcher); }
 
 MoveResult ReplayCursor::back(MoveWatcher* watcher) {
     MoveResult result;
@@ -42,8 +35,12 @@ MoveResult ReplayCursor::back(MoveWatcher* watcher) {
 }
 
 MoveResult ReplayCursor::forward(MoveWatcher* watcher) {
+    return applyAt(position_ < world_.eventCount ? position_ + 1 : position_, watcher);
+}
+
+MoveResult ReplayCursor::applyAt(int position, MoveWatcher* watcher) {
     MoveResult result;
-    if (position_ < world_.eventCount) ++position_;
+    position_ = position;
     if (watcher) watcher->positionSet(position_);
     apply(position_, watcher, result);
     redraw();

@@ -68,6 +68,8 @@ public:
     const EventOutcome& lastOutcome() const { return lastOutcome_; }
 
 private:
+    // A step that sets the position, then applies its action: |<-- and ---->.
+    MoveResult applyAt(int position, MoveWatcher* watcher);
     // Leaves the world as applying actions 1 .. `last` does, the position following the
     // actions when `track`; false when the watcher stopped it, at the action reached.
     bool rebuild(int last, bool track, MoveWatcher* watcher, MoveResult& result);

@@ -4,3 +4,16 @@ export function element<T extends HTMLElement = HTMLElement>(id: string): T {
   if (!found) throw new Error(`#${id} is missing from the page`);
   return found as T;
 }
+
+// A paint on the next frame, once however often it is asked for before then.
+export function onNextFrame(paintNow: () => void): () => void {
+  let scheduled = false;
+  return () => {
+    if (scheduled) return;
+    scheduled = true;
+    requestAnimationFrame(() => {
+      scheduled = false;
+      paintNow();
+    });
+  };
+}

@@ -3,6 +3,7 @@
 // under them, as in the window. Zoom 2 to 80 px a field: the window's steps with the keys and
 // Ctrl+wheel around the pointer, any size with a pinch; panning by drag or wheel.
 import type { Grid, Marks } from "../core";
+import { onNextFrame } from "../dom";
 import { FieldPictures, naturalFieldPixels } from "./field_pictures";
 import { paintMarks, type Square } from "./mark_painter";
 
@@ -36,7 +37,6 @@ export class MapView {
   private press?: { x: number; y: number; field: number; dragged: boolean };
   private pinch?: { distance: number; size: number };
   private wheelTurned = 0;
-  private painting = false;
   // What the canvas shows: its size, the field size and the grid's place when it was painted.
   private painted = "";
   // The canvas's size, followed by the resize observer rather than read at every paint.
@@ -154,14 +154,7 @@ export class MapView {
   }
 
   // Paints on the next frame, once however often it is asked for.
-  paint(): void {
-    if (this.painting) return;
-    this.painting = true;
-    requestAnimationFrame(() => {
-      this.painting = false;
-      this.paintNow();
-    });
-  }
+  readonly paint = onNextFrame(() => this.paintNow());
 
   // Paints the whole view, or only `dirty` (in the canvas's pixels) when the view is as it was.
   paintNow(dirty?: Rect): void {

@@ -6,7 +6,7 @@
 // a drag goes to the action under the pointer; resting the pointer tells of that action.
 import type { Replay } from "../core";
 import { dateTimeText } from "../date_text";
-import { element } from "../dom";
+import { element, onNextFrame } from "../dom";
 
 const margin = 6;
 const smallestSpan = 10;
@@ -146,16 +146,7 @@ export class Timeline {
     return to - from > 0 && this.barWidth() / (to - from + 1) < tickSpacing;
   }
 
-  private painting = false;
-
-  paint(): void {
-    if (this.painting) return;
-    this.painting = true;
-    requestAnimationFrame(() => {
-      this.painting = false;
-      this.paintNow();
-    });
-  }
+  readonly paint = onNextFrame(() => this.paintNow());
 
   paintNow(): void {
     const ratio = window.devicePixelRatio || 1;
