@@ -54,7 +54,7 @@ std::vector<MarkGroup> GroupMarks(const TimelineMarks& marks, const std::vector<
                 groups.back().right = x;
                 ++groups.back().count;
             } else {
-                groups.push_back(MarkGroup{.kind = kind, .left = x, .right = x, .count = 1});
+                groups.push_back({kind, x, x, 1, 0, 0, {}});
             }
         }
     }
