@@ -307,7 +307,9 @@ TEST(ReplayCursorTest, ARebuildFromAKeyframeStopsWhereItsProgressStopsIt) {
         const MoveResult result = cursor.jumpTo(c.target, &told);
         EXPECT_TRUE(result.stopped);
         EXPECT_EQ(std::tuple(cursor.position(), result.keyframe, result.applied), std::tuple(c.stopAt, c.keyframe, c.applied));
-        if (c.reports > 0) EXPECT_EQ(result.reports.size(), c.reports);
+        if (c.reports > 0) {
+            EXPECT_EQ(result.reports.size(), c.reports);
+        }
         WorldState rebuilt = Opened(replay).world();
         for (int index = 1; index <= c.stopAt; ++index) ExecuteEvent(rebuilt, std::int16_t(index));
         EXPECT_EQ(WorldLines(cursor.world()), WorldLines(rebuilt));
@@ -445,12 +447,16 @@ TEST(ReplayCursorTest, EveryMoveLeavesWhatTheRebuildFromTheFirstActionLeaves) {
             ++rebuilds;
             const bool keyframed = result.keyframe > 0;
             fromKeyframes += keyframed;
-            if (c.keyframing == Keyframing::UsedUntilFieldZeroChanges) EXPECT_NE(keyframed, fieldZeroChanged);
+            if (c.keyframing == Keyframing::UsedUntilFieldZeroChanges) {
+                EXPECT_NE(keyframed, fieldZeroChanged);
+            }
         }
         EXPECT_GT(rebuilds, 10);
-        if (c.keyframing == Keyframing::Used) EXPECT_EQ(fromKeyframes, rebuilds);
-        if (c.keyframing == Keyframing::NotUsed) EXPECT_EQ(fromKeyframes, 0);
-        if (c.keyframing == Keyframing::UsedUntilFieldZeroChanges) EXPECT_GT(fromKeyframes, 0);
+        switch (c.keyframing) {
+        case Keyframing::Used: EXPECT_EQ(fromKeyframes, rebuilds); break;
+        case Keyframing::NotUsed: EXPECT_EQ(fromKeyframes, 0); break;
+        case Keyframing::UsedUntilFieldZeroChanges: EXPECT_GT(fromKeyframes, 0); break;
+        }
     }
 }
 

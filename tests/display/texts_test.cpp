@@ -55,8 +55,11 @@ TEST(ActionSearchTest, FindsFieldNamesWholeAndOtherTextAnywhere) {
         EXPECT_EQ(search.matches(c.row), c.found) << c.search << " in " << c.row;
         // The list asks the folded text first: it may not lose a row, nor keep one of other text.
         const bool mayMatch = search.mayMatchFolded(ActionSearch::Folded(c.row));
-        if (!search.namesField()) EXPECT_EQ(mayMatch, c.found) << c.search << " in the folded " << c.row;
-        else if (c.found) EXPECT_TRUE(mayMatch) << c.search << " in the folded " << c.row;
+        if (!search.namesField()) {
+            EXPECT_EQ(mayMatch, c.found) << c.search << " in the folded " << c.row;
+        } else if (c.found) {
+            EXPECT_TRUE(mayMatch) << c.search << " in the folded " << c.row;
+        }
     }
     EXPECT_TRUE(ActionSearch("B37").namesField());
     EXPECT_TRUE(ActionSearch("\u0160" "0").namesField());  // a column past Z

@@ -32,23 +32,6 @@ QPoint PlotCentre(const CourseChart& chart) {
     return chart.mapFromScene(chart.chart()->mapToScene(chart.chart()->plotArea().center()));
 }
 
-// The pixels of the plot close to `color`.
-int PixelsNear(CourseChart& chart, const QColor& color) {
-    const QImage image = chart.viewport()->grab().toImage();
-    const QRectF plot = chart.chart()->plotArea();
-    const QRect area(chart.mapFromScene(chart.chart()->mapToScene(plot.topLeft())),
-                     chart.mapFromScene(chart.chart()->mapToScene(plot.bottomRight())));
-    int near = 0;
-    const qreal ratio = image.devicePixelRatio();
-    for (int y = area.top(); y <= area.bottom(); ++y)
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QColor pixel = image.pixelColor(int(x * ratio), int(y * ratio));
-            near += std::abs(pixel.red() - color.red()) + std::abs(pixel.green() - color.green()) +
-                        std::abs(pixel.blue() - color.blue()) < 40;
-        }
-    return near;
-}
-
 struct Shown {
     Shown() : panel(t.session, nullptr) {
         t.open(SampleBytes("bitva-u-potoka.trp"));
