@@ -92,6 +92,7 @@ void MapPainter::setFieldPixels(int pixels, qreal devicePixelRatio) {
     if (pixels == fieldPixels_ && devicePixelRatio == devicePixelRatio_ && !scaled_.empty()) return;
     fieldPixels_ = pixels;
     devicePixelRatio_ = devicePixelRatio;
+    captionTiles_.clear();
     // Whole factors and more stay crisp; below the natural size the pictures are smoothed.
     const Qt::TransformationMode mode =
         pixels < kNaturalFieldPixels ? Qt::SmoothTransformation : Qt::FastTransformation;
@@ -102,6 +103,11 @@ void MapPainter::setFieldPixels(int pixels, qreal devicePixelRatio) {
         scaled_[i] = images_[i].scaled(side, side, Qt::IgnoreAspectRatio, mode);
         scaled_[i].setDevicePixelRatio(devicePixelRatio);
     }
+}
+
+void MapPainter::setSharpLetters(bool sharp) {
+    if (sharp != sharpLetters_) captionTiles_.clear();
+    sharpLetters_ = sharp;
 }
 
 void MapPainter::paintFields(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) {
@@ -131,17 +137,15 @@ void MapPainter::paintFields(QPainter& painter, const MapScene& scene, QPoint gr
 void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& view,
                                const QRect& exposed, const QPalette& palette) {
     const int size = fieldPixels_;
-    QFont font(QStringLiteral("MS Sans Serif"));
-    font.setPixelSize(kCaptionPixels * size / kNaturalFieldPixels);
-    if (sharpLetters_) font.setStyleStrategy(QFont::NoAntialias);
-    const bool legible = font.pixelSize() >= kSmallestLegibleCaption;
-    painter.setFont(font);
-    painter.setPen(palette.color(QPalette::WindowText));
+    const bool legible = kCaptionPixels * size / kNaturalFieldPixels >= kSmallestLegibleCaption;
     const QColor band = palette.color(QPalette::Window);
+    const QColor pen = palette.color(QPalette::WindowText);
     const auto paint = [&](QRect target, const std::string& caption) {
         if (!target.intersects(exposed)) return;
-        painter.fillRect(target, band);
-        if (legible) painter.drawText(target, Qt::AlignCenter, FromCore(caption));
+        if (legible)
+            painter.drawPixmap(target.topLeft(), captionTile(caption, band, pen));
+        else
+            painter.fillRect(target, band);
     };
     for (std::size_t j = 0; j < scene.columnCaptions.size(); ++j) {
         const QRect target(gridCorner.x() + int(j) * size, std::max(gridCorner.y() - size, view.top()), size, size);
@@ -157,6 +161,30 @@ void MapPainter::paintCaptions(QPainter& painter, const MapScene& scene, QPoint 
         painter.fillRect(QRect(QPoint(std::max(corner.x(), view.left()), std::max(corner.y(), view.top())),
                                QSize(size, size)),
                          band);
+}
+
+const QPixmap& MapPainter::captionTile(const std::string& caption, QColor band, QColor pen) {
+    if (band.rgba() != tileBand_ || pen.rgba() != tilePen_) {
+        captionTiles_.clear();
+        tileBand_ = band.rgba();
+        tilePen_ = pen.rgba();
+    }
+    QPixmap& tile = captionTiles_[caption];
+    if (!tile.isNull()) return tile;
+    const int size = fieldPixels_;
+    const int side = int(std::lround(size * devicePixelRatio_));
+    tile = QPixmap(side, side);
+    tile.setDevicePixelRatio(devicePixelRatio_);
+    QPainter painter(&tile);
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setPixelSize(kCaptionPixels * size / kNaturalFieldPixels);
+    if (sharpLetters_) font.setStyleStrategy(QFont::NoAntialias);
+    painter.setFont(font);
+    painter.setPen(pen);
+    const QRect square(0, 0, size, size);
+    painter.fillRect(square, band);
+    painter.drawText(square, Qt::AlignCenter, FromCore(caption));
+    return tile;
 }
 
 void MapPainter::paintMarks(QPainter& painter, const MapScene& scene, QPoint gridCorner, const QRect& exposed) const {

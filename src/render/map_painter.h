@@ -3,6 +3,7 @@
 // view with it, and a picture or an animation of the map is painted with it into an image, so
 // both show the same pixels. It paints what a scene holds and reads no world.
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include <QColor>
@@ -79,7 +80,7 @@ public:
     // Letters drawn in the pen's colour alone, their edges not smoothed: a picture then holds
     // no colour but the field pictures' and the bands' two (and the marks'), which a GIF's
     // palette needs.
-    void setSharpLetters(bool sharp) { sharpLetters_ = sharp; }
+    void setSharpLetters(bool sharp);
 
     // The whole scene as an image: the captions' bands above and left of the grid when asked
     // for; otherwise the grid alone, one picture per field and the marks the scene holds.
@@ -90,8 +91,16 @@ public:
                     const QRect& exposed);
 
 private:
+    // A caption on its square of the band, laid out once: laying text out anew for every caption
+    // of every paint made each scroll of the map cost a frame's worth of time.
+    const QPixmap& captionTile(const std::string& caption, QColor band, QColor pen);
+
     std::vector<QPixmap> images_;  // the 16 pictures, entry 0 unused
     std::vector<QPixmap> scaled_;  // at the current size and density
+    // The captions' tiles at the current size, density, letters and colours.
+    std::unordered_map<std::string, QPixmap> captionTiles_;
+    QRgb tileBand_ = 0;
+    QRgb tilePen_ = 0;
     int fieldPixels_ = kNaturalFieldPixels;
     qreal devicePixelRatio_ = 1.0;
     bool sharpLetters_ = false;
