@@ -14,6 +14,7 @@
 #include "export/export_command_line.h"
 #include "export/map_export.h"
 #include "model/replay_loader.h"
+#include "render/map_painter.h"
 #include "view/action_marks.h"
 #include "view/field_pictures.h"
 
@@ -145,6 +146,34 @@ private slots:
             }
         }
         QVERIFY2(marked >= 10, "the actions chosen mark fields");
+    }
+
+    // The painter keeps the captions it laid out; what it paints after other sizes, colours and
+    // letters is what a painter new to them paints.
+    void captionsFollowTheSizeTheColoursAndTheLetters() {
+        MapScene scene;
+        scene.columns = 3;
+        scene.pictures = {1, 2, 3, 4, 5, 6};
+        scene.columnCaptions = {"A", "B", "C"};
+        scene.rowCaptions = {"0", "1"};
+        QPalette dark;
+        dark.setColor(QPalette::Window, Qt::black);
+        dark.setColor(QPalette::WindowText, Qt::yellow);
+        struct Look {
+            int pixels;
+            QPalette palette;
+            bool sharp;
+        };
+        MapPainter used;
+        for (const Look& look : {Look{20, QPalette(), false}, Look{33, QPalette(), false}, Look{33, dark, false},
+                                 Look{33, dark, true}, Look{20, QPalette(), false}}) {
+            MapPainter fresh;
+            for (MapPainter* painter : {&used, &fresh}) {
+                painter->setFieldPixels(look.pixels);
+                painter->setSharpLetters(look.sharp);
+            }
+            QCOMPARE(used.render(scene, true, look.palette), fresh.render(scene, true, look.palette));
+        }
     }
 
     void animationFramesDecodeToThePicturesOfTheirActions_data() {
