@@ -7,7 +7,7 @@ namespace trelvin {
 void BareFields::findAll(const WorldState& world, int fieldCount) {
     last_ = std::min(fieldCount, world.lastTileIndex());
     fields_.clear();
-    listed_.assign(static_cast<std::size_t>(std::max(last_, 0)) + 1, 0);
+    listed_.assign(world.tiles.size(), 0);
     for (int k = 1; k <= last_; ++k) add(world, k);
 }
 

@@ -74,7 +74,7 @@ bool ReplayCursor::walkTo(int target, TaskProgress* progress, int progressTotal)
         // The redraw after each step writes what lasts: grass where an owned field can get it.
         if (viewMode_ && bare_.anyOwned(world_)) RevealForView(world_, *viewMode_, fields_.redrawn);
         if (position_ >= target) break;
-        if (progress && !progress->keepGoing(std::uint64_t(position_), std::uint64_t(progressTotal > 0 ? progressTotal : target)))
+        if (progress && !progress->keepGoing(std::uint64_t(position_), std::uint64_t(std::max(progressTotal, target))))
             return false;
         ++position_;
     }

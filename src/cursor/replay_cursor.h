@@ -53,7 +53,8 @@ public:
     MoveResult jumpTo(int target, MoveWatcher* watcher = nullptr);
     // Reaches `target` as the step buttons do from the first action, one step at a time with
     // the map's redraw after each; what the actions report is passed over. False when
-    // `progress`, asked before every step with the action reached of `progressTotal`, stopped it.
+    // `progress`, asked before every step with the action reached of the whole (`progressTotal`,
+    // or the walk when that is smaller), stopped it.
     bool walkTo(int target, TaskProgress* progress = nullptr, int progressTotal = 0);
 
     // What the map shows from the next redraw on: the way of viewing and the fields. A cursor
