@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "display/round_step.h"
+
 namespace trelvin {
 
 TimelineMarks TimelineMarksOf(const ActionLog& log, int eventCount) {
@@ -95,10 +97,7 @@ std::vector<int> ScaleTicks(const TimelineScale& scale, int spacing) {
     std::vector<int> ticks;
     if (scale.last <= scale.first || scale.width < 2) return ticks;
     const double pixelsPerEvent = double(scale.width - 1) / (scale.last - scale.first);
-    long long step = 1;
-    for (long long magnitude = 1; step * pixelsPerEvent < spacing; magnitude *= 10)
-        for (const long long factor : {1, 2, 5})
-            if (step * pixelsPerEvent < spacing) step = factor * magnitude;
+    const long long step = RoundStepAtLeast(spacing / pixelsPerEvent);
     for (long long event = (scale.first + step - 1) / step * step; event <= scale.last; event += step)
         ticks.push_back(int(event));
     return ticks;

@@ -17,6 +17,7 @@
 #include "bridge/core_text.h"
 #include "bridge/date_text.h"
 #include "display/course_texts.h"
+#include "display/round_step.h"
 #include "history/course_lines.h"
 #include "widgets/hover_note.h"
 #include "widgets/player_colors.h"
@@ -33,11 +34,7 @@ constexpr int kMargin = 2;
 
 // Round action numbers, about eight of them over the replay.
 double tickInterval(int eventCount) {
-    const double raw = std::max(1.0, double(eventCount) / kLabelledTicks);
-    const double magnitude = std::pow(10.0, std::floor(std::log10(raw)));
-    for (const double step : {1.0, 2.0, 5.0})
-        if (step * magnitude >= raw) return step * magnitude;
-    return 10 * magnitude;
+    return double(RoundStepAtLeast(double(eventCount) / kLabelledTicks));
 }
 
 QColor withAlpha(QColor color, qreal alpha) {
