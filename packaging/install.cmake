@@ -66,8 +66,6 @@ install(CODE [[
 # and the window's export find it; a program run from this build tree uses the build's own.
 set(web_page ${PROJECT_SOURCE_DIR}/build-web/trelvin-replay.html)
 set(web_page_dir ${CMAKE_INSTALL_DATADIR}/trelvin-replay/web)
-foreach(target trelvin-export trelvin_ui)
-  target_compile_definitions(${target} PRIVATE TRELVIN_WEB_PAGE="${CMAKE_INSTALL_FULL_DATADIR}/trelvin-replay/web/trelvin-replay.html"
-                             TRELVIN_BUILD_TREE="${CMAKE_BINARY_DIR}" TRELVIN_BUILT_WEB_PAGE="${web_page}")
-endforeach()
+target_compile_definitions(trelvin_ui PRIVATE TRELVIN_WEB_PAGE="${CMAKE_INSTALL_FULL_DATADIR}/trelvin-replay/web/trelvin-replay.html"
+                           TRELVIN_BUILD_TREE="${CMAKE_BINARY_DIR}" TRELVIN_BUILT_WEB_PAGE="${web_page}")
 install(FILES ${web_page} DESTINATION ${web_page_dir} OPTIONAL)

@@ -24,6 +24,7 @@ add_library(trelvin_ui STATIC
   export/webp_writer.cpp
   export/map_export.cpp
   export/export_command_line.cpp
+  export/web_page.cpp
   export/whole_file.cpp
   export/system_error_text.cpp
   session/replay_session.cpp

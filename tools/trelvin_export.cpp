@@ -2,9 +2,6 @@
 // with the viewer's own painter and redraw, without a display. Prints nothing on success.
 #include <cstdio>
 #include <exception>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -38,13 +35,10 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& messa
 int exportPage(const ExportArguments& arguments, const WorldState& world) {
     if (arguments.first == 0 || arguments.first > world.eventCount)
         return failure(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(arguments.first).arg(world.eventCount));
-    std::ifstream in(arguments.replay, std::ios::binary);
-    const std::string replay{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (!in.good() && !in.eof()) return failure(QStringLiteral("soubor %1 nelze precist").arg(QString::fromStdString(arguments.replay)));
-    const std::string name = std::filesystem::path(arguments.replay).filename().string();
-    const std::string written = WriteReplayPage(arguments.output, replay, name,
-                                                WebPageMoment(arguments.first, arguments.picture.view));
-    return written.empty() ? 0 : failure(QString::fromStdString(written));
+    const QString written = WriteReplayPage(QFile::decodeName(QByteArray::fromStdString(arguments.output)),
+                                            QFile::decodeName(QByteArray::fromStdString(arguments.replay)),
+                                            WebPageMoment(arguments.first, arguments.picture.view));
+    return written.isEmpty() ? 0 : failure(written);
 }
 
 int exportReplay(const ExportArguments& arguments) {

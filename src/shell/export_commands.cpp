@@ -1,12 +1,8 @@
 #include "shell/export_commands.h"
 
-#include <fstream>
-#include <iterator>
-
 #include <QAction>
 #include <QDir>
 #include <QFileDialog>
-#include <QFile>
 #include <QFileInfo>
 #include <QKeySequence>
 
@@ -94,13 +90,9 @@ void ExportCommands::askForPage() {
 }
 
 QString ExportCommands::writePage(const QString& path) {
-    std::ifstream in(QFile::encodeName(session_.fileName()).toStdString(), std::ios::binary);
-    const std::string replay{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (!in.good() && !in.eof()) return QStringLiteral("soubor %1 nelze precist").arg(session_.fileName());
     const std::string moment = WebPageMoment(session_.position(), session_.viewMode(), map_.fieldPixels(),
                                              map_.highlightAction->isChecked() ? 1 : 0);
-    return QString::fromStdString(WriteReplayPage(QFile::encodeName(path).toStdString(), replay,
-                                                  QFileInfo(session_.fileName()).fileName().toStdString(), moment));
+    return WriteReplayPage(path, session_.fileName(), moment);
 }
 
 }  // namespace trelvin

@@ -19,6 +19,9 @@ status=0
 "$export" "$replay" --html --at 9999 -o "$work/outside.html" 2> "$work/err" || status=$?
 [ "$status" -eq 1 ] && [ ! -e "$work/outside.html" ] || fail "an action outside the replay: status $status"
 status=0
+"$export" "$replay" --html -o "$work/missing/x.html" 2> "$work/err" || status=$?
+[ "$status" -eq 1 ] && grep -q "nelze zapsat: slozka neexistuje" "$work/err" || fail "into a missing folder: $(cat "$work/err")"
+status=0
 "$export" "$replay" --html --field 30 -o "$work/x.html" 2> /dev/null || status=$?
 [ "$status" -eq 2 ] || fail "--html with --field: status $status"
 
