@@ -31,7 +31,7 @@ void keepQtQuiet(QtMsgType type, const QMessageLogContext&, const QString& messa
     if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "trelvin-export: %s\n", message.toUtf8().constData());
 }
 
-// The viewer's web page with the replay's bytes inside: it needs neither Qt nor a display.
+// The viewer's web page with the replay's bytes inside, in place of a picture.
 int exportPage(const ExportArguments& arguments, const WorldState& world) {
     if (arguments.first == 0 || arguments.first > world.eventCount)
         return failure(QStringLiteral("Akce %1 lezi mimo replay, ktery ma akce 1 az %2").arg(arguments.first).arg(world.eventCount));
